@@ -1,0 +1,14 @@
+// Everything: include this one header, link vantor::vantor.
+
+#ifndef VANTOR_VANTOR_H
+#define VANTOR_VANTOR_H
+
+#include <vantor/Exceptions.h>
+#include <vantor/File.h>
+#include <vantor/Object.h>
+#include <vantor/Platform.h>
+#include <vantor/Strings.h>
+#include <vantor/Translator.h>
+#include <vantor/Version.h>
+
+#endif

@@ -1,0 +1,67 @@
+#include <vantor/Exceptions.h>
+#include <vantor/File.h>
+#include <vantor/Translator.h>
+
+namespace vantor
+{
+ustring CStdException::m_strAppName;
+
+CStdException::CStdException(unsigned int line, const wchar_t* fileName, const wchar_t* function)
+    : m_line(line), m_fileName(fileName), m_function(function)
+{
+}
+
+CStdException::~CStdException() = default;
+
+bool CStdException::GetErrorMessageUI(ustring& out) const
+{
+    return GetErrorMessage(out);
+}
+
+int CStdException::ReportError(HWND parent, unsigned int type, const wchar_t* text, unsigned int number) const
+{
+    return ReportError(CExInfo(*this), parent, type, text, number);
+}
+
+int CStdException::ReportError(const CExInfo& info, HWND parent, unsigned int type, const wchar_t*, unsigned int)
+{
+    ustring message = info.GetErrorMessageUI();
+    CTranslatorInstance::Ref().XlateEx(message);
+    return ::MessageBoxW(parent, message.c_str(), GetAppName().c_str(), type);
+}
+
+void CStdException::SetAppName(const wchar_t* name)
+{
+    m_strAppName = name;
+}
+
+ustring CStdException::GetAppName()
+{
+    if (!m_strAppName.empty())
+        return m_strAppName;
+
+    ustring name;
+    try
+    {
+        CFile::GetModuleFileNameW(nullptr, name, false);
+    }
+    catch (const CWinException&)
+    {
+        name.clear();
+    }
+    return name;
+}
+
+CStdException::CExInfo::CExInfo(const CStdException& e)
+    : m_line(e.GetLine()), m_fileName(e.GetFileName()), m_function(e.GetFunction())
+{
+    e.GetSource(m_source);
+    e.GetErrorMessage(m_errorMessage);
+    e.GetErrorMessageUI(m_errorMessageUI);
+}
+
+void CStdException::CExInfo::Clear()
+{
+    *this = CExInfo();
+}
+}   // namespace vantor
