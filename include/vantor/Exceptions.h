@@ -20,8 +20,8 @@
 
 namespace vantor
 {
-// Shares the ownership of one object; the last handle to go deletes it. Handles to one object may be copied and released on
-// several threads, one handle is used by one thread at a time. The object itself may be null.
+// Shares the ownership of one object; the last handle to go deletes it. Handles to one object may be copied and
+// released on several threads, one handle is used by one thread at a time. The object itself may be null.
 template <class T>
 class CSmartPtr
 {
@@ -79,8 +79,8 @@ private:
     Block* m_block;
 };
 
-// The root. `fileName` and `function` are kept as the thrower passes them (".\File", "CreateFile"); a null pointer leaves
-// them empty. `line` names the place that raised the exception: a fixed number, listed in docs/failures.md.
+// The root. `fileName` and `function` are kept as the thrower passes them (".\File", "CreateFile"); a null pointer
+// leaves them empty. `line` names the place that raised the exception: a fixed number, listed in docs/failures.md.
 class VANTOR_API CStdException
 {
 public:
@@ -93,15 +93,16 @@ public:
     // Virtual operations in slot order; append-only.
     virtual ~CStdException();
     virtual CSmartPtr<CStdException> Clone() = 0;
-    // Throws a copy of the most-derived type; called through a null pointer (`e->CWinException::Throw()`) it does nothing.
+    // Throws a copy of the most-derived type; called through a null pointer (`e->CWinException::Throw()`) it does
+    // nothing.
     virtual void Throw() const = 0;
     // Text getters never throw. False means that no text could be made; what stands in `out` then is up to the class.
     virtual bool GetSource(ustring& out) const = 0;
     virtual bool GetErrorMessage(ustring& out) const = 0;
     virtual bool GetErrorMessageUI(ustring& out) const;   // for the user; the technical message unless overridden
-    // Shows the exception and waits for the user, on a thread that can own windows. `type` is that of MessageBox; `text` and
-    // `number` are technical details of the application's own (a second file and line, say). Returns the id of the
-    // pressed button, IDOK to IDNO.
+    // Shows the exception and waits for the user, on a thread that can own windows. `type` is that of MessageBox;
+    // `text` and `number` are technical details of the application's own (a second file and line, say). Returns the id
+    // of the pressed button, IDOK to IDNO.
     virtual int ReportError(HWND parent, unsigned int type, const wchar_t* text, unsigned int number) const;
 
     // The same for an exception that is gone.
@@ -125,7 +126,8 @@ private:
     static ustring m_strAppName;
 };
 
-// A copyable snapshot of all texts of an exception, which it may outlive. A text that the exception cannot give is empty.
+// A copyable snapshot of all texts of an exception, which it may outlive. A text that the exception cannot give is
+// empty.
 class VANTOR_API CStdException::CExInfo
 {
 public:
@@ -150,8 +152,8 @@ private:
     ustring m_errorMessageUI;
 };
 
-// A failed call of the operating system. Source: "Win32", translated. Message: the system's own, line break included; else
-// the text for the code in "Win32Errors.txt" beside the library; else "Unknown error: ...", with the result false.
+// A failed call of the operating system. Source: "Win32", translated. Message: the system's own, line break included;
+// else the text for the code in "Win32Errors.txt" beside the library; else "Unknown error: ...", with the result false.
 class VANTOR_API CWinException : public CStdException
 {
 public:
@@ -197,8 +199,8 @@ private:
     ustring m_source;
 };
 
-// A failure of the matrix package. Source: "Matrix Library", message: the kind's text, both translated. A kind that is none
-// of these has no message: the result is false and `out` stays as it was.
+// A failure of the matrix package. Source: "Matrix Library", message: the kind's text, both translated. A kind that is
+// none of these has no message: the result is false and `out` stays as it was.
 class VANTOR_API CMatrixException : public CStdException
 {
 public:

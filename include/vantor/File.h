@@ -14,7 +14,8 @@
 
 namespace vantor
 {
-// Owns a file handle; closed with the object. Everything that fails throws CWinException with the platform's error code.
+// Owns a file handle; closed with the object. Everything that fails throws CWinException with the platform's error
+// code.
 class VANTOR_API CFile : public CHandle
 {
 public:
@@ -28,8 +29,8 @@ public:
     // Closes what is open first, also when the new file then cannot be opened: the object is empty after a failure.
     virtual void Open(const wchar_t* name, unsigned long access, unsigned long share, _SECURITY_ATTRIBUTES* sa,
                       unsigned long disposition, unsigned long flags, void* hTemplate);
-    // True when done; false while an overlapped operation is still running (ov is null for synchronous use). `done` is the
-    // count of bytes that the system reported, in every case, also when the call throws.
+    // True when done; false while an overlapped operation is still running (ov is null for synchronous use). `done` is
+    // the count of bytes that the system reported, in every case, also when the call throws.
     virtual bool Read(void* buffer, unsigned int size, unsigned int& done, _OVERLAPPED* ov);
     virtual bool Write(const void* buffer, unsigned int size, unsigned int& done, _OVERLAPPED* ov);
     virtual void Flush();
@@ -49,8 +50,8 @@ public:
     // drive "C:", dir "\data\", fname "file.tar", ext ".gz" of "C:/data/file.tar.gz". A dot in a folder's name begins
     // no extension.
     static void SplitPath(const wchar_t* path, ustring& drive, ustring& dir, ustring& fname, ustring& ext);
-    // Joins the parts with "\" and reduces every run of "\" to one, also the two at the start of a network path. A folder is
-    // rooted on the drive: "C:" and "data" make "C:\data". The dot before ext may be left out.
+    // Joins the parts with "\" and reduces every run of "\" to one, also the two at the start of a network path. A
+    // folder is rooted on the drive: "C:" and "data" make "C:\data". The dot before ext may be left out.
     static void MakePath(ustring& out, const wchar_t* drive, const wchar_t* dir, const wchar_t* fname,
                          const wchar_t* ext);
     // The path with another file name; newName brings its own extension. Without a path it is newName alone.
@@ -58,8 +59,8 @@ public:
     // Whether folder is path itself or one of its ancestors, by whole components without regard to case.
     static bool IsParentFolder(const wchar_t* path, const wchar_t* folder);
 
-    // Whether a directory search finds the path: wildcards match, and a folder counts. The second pair looks below one of
-    // the shell's special folders (CSIDL_...), and throws if the system does not know that.
+    // Whether a directory search finds the path: wildcards match, and a folder counts. The second pair looks below one
+    // of the shell's special folders (CSIDL_...), and throws if the system does not know that.
     static bool FileExists(const wchar_t* path, bool& isFolder);
     static bool FileExists(const wchar_t* path);
     static bool FileExists(int folder, const wchar_t* fname, const wchar_t* ext, bool& isFolder);

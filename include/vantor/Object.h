@@ -1,5 +1,5 @@
-// Owning wrappers of OS handles, and the synchronisation objects. What fails throws CWinException; nothing here returns an
-// error code.
+// Owning wrappers of OS handles, and the synchronisation objects. What fails throws CWinException; nothing here returns
+// an error code.
 //
 //     CEvent stop(nullptr, TRUE, FALSE, nullptr);      // manual reset, not signalled, unnamed
 //     stop.Set();
@@ -61,8 +61,8 @@ class VANTOR_API CMutex : public CHandle
 public:
     explicit CMutex(_SECURITY_ATTRIBUTES* sa = nullptr, int bInitialOwner = FALSE, const wchar_t* name = nullptr);
 
-    // Waits up to `timeout` milliseconds, or for ever with INFINITE. False when the time is up. A mutex whose owner ended
-    // without a release counts as acquired.
+    // Waits up to `timeout` milliseconds, or for ever with INFINITE. False when the time is up. A mutex whose owner
+    // ended without a release counts as acquired.
     bool Lock(unsigned long timeout);
     void Unlock();
 };
@@ -82,8 +82,8 @@ private:
     CRITICAL_SECTION m_section;
 };
 
-// An OVERLAPPED with an event of its own, for CFile::Read and the like. Its fields are the record's: Offset, OffsetHigh and
-// hEvent are used directly, and `&overlapped` is an OVERLAPPED*. Must outlive the operation that it was given to.
+// An OVERLAPPED with an event of its own, for CFile::Read and the like. Its fields are the record's: Offset, OffsetHigh
+// and hEvent are used directly, and `&overlapped` is an OVERLAPPED*. Must outlive the operation that it was given to.
 class VANTOR_API COverlapped : public OVERLAPPED
 {
 public:

@@ -5,7 +5,8 @@
 #define VANTOR_PLATFORM_H
 
 #include <winsock2.h>
-#include <windows.h>
+
+#include <windows.h>   // second: it brings an older Winsock otherwise
 
 #undef RegCreateKey
 #undef RegGetValue

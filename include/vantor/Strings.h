@@ -142,8 +142,9 @@ public:
     VANTOR_API bool load(HINSTANCE module, unsigned int id);
     VANTOR_API bool xload(HINSTANCE module, unsigned int id);
 
-    // Escapes every character that `forbidden` lists as "%" and its code in hexadecimal, two digits or more: " " becomes
-    // "%20". The list is gone through once, in order, also for the "%" just made: list "%" first, or it is escaped again.
+    // Escapes every character that `forbidden` lists: "%", then its code in hexadecimal, two digits or more. A space
+    // becomes "%20". The list is gone through once, in order, also for the "%" just made: list "%" first, or it is
+    // escaped again.
     VANTOR_API void replaceForbiddenSymbols(const wchar_t* forbidden);
 
     // The text between the first `from` and the next `to`. A null `from` means the start, a null `to` the end.
@@ -161,9 +162,10 @@ public:
     VANTOR_API int compareNoCase(const wchar_t* other, size_type count) const;
 
     // Matches against a mask: "*" stands for any run of characters, "?" for any one. 0 is a match; otherwise -1 or 1.
-    // Three oddities that applications rely on: a text that ends before the mask does matches (so the empty text matches
-    // every mask), a "?" directly after a "*" demands no character, and where nothing matches behind a "*" the whole text
-    // is tried against the rest of the mask ("ab" matches "a*ab"). NoCase ignores case only before the first "*".
+    // Three oddities that applications rely on: a text that ends before the mask does matches (so the empty text
+    // matches every mask), a "?" directly after a "*" demands no character, and where nothing matches behind a "*" the
+    // whole text is tried against the rest of the mask ("ab" matches "a*ab"). NoCase ignores case only before the first
+    // "*".
     VANTOR_API int compareWithMask(const wchar_t* mask) const;
     VANTOR_API int compareWithMaskNoCase(const wchar_t* mask) const;
 
@@ -193,9 +195,9 @@ public:
     VANTOR_API static long long atoi64(const wchar_t* text);
     VANTOR_API static double strtod(const wchar_t* text);
 
-    // Numbers as text for the locale. Inner groups are padded to three digits even where the locale's groups are larger.
-    // fcvt: fixed point, rounded to `digits` places, negative for the locale's own; a negative value that rounds to
-    // zero keeps its sign.
+    // Numbers as text for the locale. Inner groups are padded to three digits even where the locale's groups are
+    // larger. fcvt: fixed point, rounded to `digits` places, negative for the locale's own; a negative value that
+    // rounds to zero keeps its sign.
     VANTOR_API static ustring i64toa(long long value);
     VANTOR_API static ustring ui64toa(unsigned long long value);
     VANTOR_API static ustring fcvt(double value, int digits);
@@ -217,6 +219,7 @@ public:
 };
 
 // Comparisons are ordinal, by code units; a text sorts before every longer one that begins with it.
+// clang-format off
 inline bool operator==(const ustring& a, const std::wstring& b) { return a.compare(b) == 0; }
 inline bool operator!=(const ustring& a, const std::wstring& b) { return a.compare(b) != 0; }
 inline bool operator<(const ustring& a, const std::wstring& b) { return a.compare(b) < 0; }
@@ -237,6 +240,7 @@ inline bool operator<(const wchar_t* a, const ustring& b) { return b > a; }
 inline bool operator>(const wchar_t* a, const ustring& b) { return b < a; }
 inline bool operator<=(const wchar_t* a, const ustring& b) { return b >= a; }
 inline bool operator>=(const wchar_t* a, const ustring& b) { return b <= a; }
+// clang-format on
 
 // The left side is taken by value: a chain of + appends to one text instead of copying it again and again.
 inline ustring operator+(ustring a, const std::wstring& b)
@@ -259,8 +263,14 @@ inline ustring operator+(ustring a, wchar_t b)
     a += b;
     return a;
 }
-inline ustring operator+(const wchar_t* a, const ustring& b) { return ustring(a) + b; }
-inline ustring operator+(wchar_t a, const ustring& b) { return ustring(std::wstring(1, a)) + b; }
+inline ustring operator+(const wchar_t* a, const ustring& b)
+{
+    return ustring(a) + b;
+}
+inline ustring operator+(wchar_t a, const ustring& b)
+{
+    return ustring(std::wstring(1, a)) + b;
+}
 
 // One floating-point number at the start of the text; 0.0 if there is none. Without a locale only "." is the decimal
 // separator; with one, the platform reads the whole text by that locale's rules.

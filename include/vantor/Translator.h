@@ -1,5 +1,6 @@
-// Run-time translation of a finished user interface: texts of windows, menus, toolbars and string tables are looked up, whole
-// and exact, in a language file. The application's own is the file with the executable's path and the extension ".lng":
+// Run-time translation of a finished user interface: texts of windows, menus, toolbars and string tables are looked up,
+// whole and exact, in a language file. The application's own is the file with the executable's path and the extension
+// ".lng":
 //
 //     CTranslatorInstance::Ref().XlateWnd(hWnd);            // a window and all its descendants
 //
@@ -23,14 +24,16 @@
 
 namespace vantor
 {
-// The table from source text to translated text. A file is UTF-16LE with the mark 0xFEFF, then one record after the other with
-// nothing between them: "[source]", LF, "[translation]", LF, in the order of the sources. Texts stand unescaped, line
-// breaks and brackets included; only a text in which "]", a line break and "[" follow each other cannot be stored.
+// The table from source text to translated text. A file is UTF-16LE with the mark 0xFEFF, then one record after the
+// other with nothing between them: "[source]", LF, "[translation]", LF, in the order of the sources. Texts stand
+// unescaped, line breaks and brackets included; only a text in which "]", a line break and "[" follow each other cannot
+// be stored.
 class CLanguageFile : public std::map<ustring, ustring>
 {
 public:
-    // Replaces the table by the file's. False, and the table stays as it was, if there is no such file or folder. Throws
-    // CWinException if the file cannot be read, or with code 13 if it is no language file; the table is then empty.
+    // Replaces the table by the file's. False, and the table stays as it was, if there is no such file or folder.
+    // Throws CWinException if the file cannot be read, or with code 13 if it is no language file; the table is then
+    // empty.
     VANTOR_API bool LoadLanguageFile(const wchar_t* path);
     // Writes the table over whatever the file held. Throws CWinException.
     VANTOR_API void SaveLanguageFile(const wchar_t* path);
@@ -40,8 +43,8 @@ protected:
     VANTOR_API void SaveLanguageFile(CFile& file);   // closes the file
 };
 
-// For the user-interface thread. Reports nothing: a text without an entry stays as it is, and so does a window, menu item or
-// button whose calls fail.
+// For the user-interface thread. Reports nothing: a text without an entry stays as it is, and so does a window, menu
+// item or button whose calls fail.
 class VANTOR_API CTranslator
 {
 public:
@@ -54,17 +57,17 @@ public:
     CTranslator();
     virtual ~CTranslator();
 
-    // Returns the previous mode. With a value that is none of EMode texts are looked up, but nothing on screen changes and
-    // nothing is collected.
+    // Returns the previous mode. With a value that is none of EMode texts are looked up, but nothing on screen changes
+    // and nothing is collected.
     EMode SetMode(EMode mode);
 
     // True if the text was replaced (eTranslate) or is in the table now (eGather). No trimming, no "&", no formats.
     bool XlateEx(ustring& text);
-    void XlateWnd(HWND hwnd);            // the window, then all its descendants
-    void XlateToolbar(HWND toolbar);     // the buttons' texts, and the menus that a command bar keeps in their dwData
-    void XlateMenu(HMENU menu);          // all text items, sub-menus included; owner-drawn items are left alone
-    // Collects the string table, the dialogs (built out of sight) and the menus of a module. The mode is eTranslate after
-    // it, whatever it was before.
+    void XlateWnd(HWND hwnd);          // the window, then all its descendants
+    void XlateToolbar(HWND toolbar);   // the buttons' texts, and the menus that a command bar keeps in their dwData
+    void XlateMenu(HMENU menu);        // all text items, sub-menus included; owner-drawn items are left alone
+    // Collects the string table, the dialogs (built out of sight) and the menus of a module. The mode is eTranslate
+    // after it, whatever it was before.
     void Gather(HINSTANCE module);
 
     // What the platform's menu interface lacks. The same as in namespace menu.
@@ -83,10 +86,10 @@ private:
     EMode m_mode;
 };
 
-// One T for the process, made on first use and deleted by an exit handler; used after that, also while the process ends, it
-// rises again. Creation is guarded by a mutex. T needs a virtual destructor and a default constructor. Where there is no memory
-// for a T, Ref gives a static one. Across a DLL's border a T has one instance only if one module instantiates the
-// template and the others declare it extern, as is done below.
+// One T for the process, made on first use and deleted by an exit handler; used after that, also while the process
+// ends, it rises again. Creation is guarded by a mutex. T needs a virtual destructor and a default constructor. Where
+// there is no memory for a T, Ref gives a static one. Across a DLL's border a T has one instance only if one module
+// instantiates the template and the others declare it extern, as is done below.
 template <class T>
 class CPhoenixSingleton
 {
@@ -100,8 +103,8 @@ private:
     static volatile T* volatile m_ptr;
 };
 
-// The process's translator. The first call looks for the application's language file; if that is missing or damaged, texts stay
-// as they are, and it is not tried again.
+// The process's translator. The first call looks for the application's language file; if that is missing or damaged,
+// texts stay as they are, and it is not tried again.
 class VANTOR_API CTranslatorInstance
 {
 public:
@@ -111,8 +114,8 @@ private:
     static bool m_bIsInitilized;   // spelled as the applications' debuggers know it
 };
 
-// Menu calls that the platform lacks, built on GetMenuItemInfoW. Items are named by position with MF_BYPOSITION, else by
-// command id; strings are read by position only if flags is MF_BYPOSITION and nothing else.
+// Menu calls that the platform lacks, built on GetMenuItemInfoW. Items are named by position with MF_BYPOSITION, else
+// by command id; strings are read by position only if flags is MF_BYPOSITION and nothing else.
 namespace menu
 {
 VANTOR_API int GetMenuItemCount(HMENU menu);

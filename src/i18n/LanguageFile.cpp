@@ -48,8 +48,8 @@ void NormaliseLineEnds(ustring& text)
     text.resize(kept);
 }
 
-// Cuts one line of a record off the text: everything up to a "]" and line feed that the text ends with or that a "[" follows.
-// Other pairs of them belong to the line. Line feeds before it and its opening bracket are dropped.
+// Cuts one line of a record off the text: everything up to a "]" and line feed that the text ends with or that a "["
+// follows. Other pairs of them belong to the line. Line feeds before it and its opening bracket are dropped.
 ustring NextLine(const ustring& text, std::size_t& pos)
 {
     const std::size_t begin = pos;
@@ -129,7 +129,9 @@ void CLanguageFile::LoadLanguageFile(CFile& file)
         ustring key = NextLine(text, pos);
         if (pos == text.size())
             break;   // a key without a value
-        insert_or_assign(end(), std::move(key), NextLine(text, pos));   // files are in the table's order
+
+        // Files are written in the table's order, so the next key belongs at its end.
+        insert_or_assign(end(), std::move(key), NextLine(text, pos));
     }
 }
 

@@ -42,8 +42,8 @@ bool ReplaceButton(HWND toolbar, WPARAM index, TBBUTTON button, const ustring& t
            ::SendMessageW(toolbar, TB_DELETEBUTTON, index + 1, 0) != 0;
 }
 
-// A copy of a dialog template without WS_VISIBLE: some systems show a dialog by its template, whatever its style is by then. Empty
-// if there is no such resource.
+// A copy of a dialog template without WS_VISIBLE: some systems show a dialog by its template, whatever its style is by
+// then. Empty if there is no such resource.
 std::vector<DWORD> HiddenTemplate(HINSTANCE module, UINT id)
 {
     std::vector<DWORD> copy;
@@ -137,7 +137,8 @@ void CTranslator::XlateMenu(HMENU menu)
         {
             ModifyMenuW(menu, i, flags | MF_BYPOSITION, GetMenuItemID(menu, static_cast<int>(i)), text.c_str());
         }
-        else if (::InsertMenuW(menu, i, flags | MF_BYPOSITION | MF_POPUP, reinterpret_cast<UINT_PTR>(sub), text.c_str()))
+        else if (::InsertMenuW(menu, i, flags | MF_BYPOSITION | MF_POPUP, reinterpret_cast<UINT_PTR>(sub),
+                               text.c_str()))
         {
             // Once more, for translations that are source texts themselves.
             XlateMenu(sub);
@@ -166,9 +167,8 @@ void CTranslator::Gather(HINSTANCE module)
         const std::vector<DWORD> hidden = HiddenTemplate(module, id);
         if (hidden.empty())
             continue;
-        const HWND dialog =
-            ::CreateDialogIndirectParamW(module, reinterpret_cast<const DLGTEMPLATE*>(hidden.data()),
-                                         ::GetDesktopWindow(), DialogProc, 0);
+        const HWND dialog = ::CreateDialogIndirectParamW(module, reinterpret_cast<const DLGTEMPLATE*>(hidden.data()),
+                                                         ::GetDesktopWindow(), DialogProc, 0);
         if (dialog)
         {
             XlateWnd(dialog);

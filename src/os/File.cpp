@@ -14,8 +14,8 @@ constexpr unsigned long long Join(unsigned long high, unsigned long low)
     return static_cast<unsigned long long>(high) << 32 | low;
 }
 
-// Positions and lengths come in two halves. A low half of all ones is also how the calls report failure: it is one only if the
-// last error says so.
+// Positions and lengths come in two halves. A low half of all ones is also how the calls report failure: it is one only
+// if the last error says so.
 constexpr unsigned long SuspectLow = 0xFFFFFFFF;
 
 // Room for a path, and a terminator that even a path cut by the system keeps.

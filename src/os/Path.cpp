@@ -81,6 +81,7 @@ bool CFile::IsParentFolder(const wchar_t* path, const wchar_t* folder)
     if (ancestors.size() > components.size())
         return false;
     return std::equal(ancestors.begin(), ancestors.end(), components.begin(),
-                      [](const ustring& a, const ustring& b) { return a.compareNoCase(b.c_str(), ustring::npos) == 0; });
+                      [](const ustring& a, const ustring& b)
+                      { return a.compareNoCase(b.c_str(), ustring::npos) == 0; });
 }
 }   // namespace vantor

@@ -5,8 +5,8 @@
 //     if (!::DeleteFileW(path))
 //         Fail(124, L"DeleteFile");
 //
-// The first number names the place and never changes. The error code is read where the call stands: code that must be read
-// before anything else happens goes into a local first.
+// The first number names the place and never changes. The error code is read where the call stands: code that must be
+// read before anything else happens goes into a local first.
 
 #ifndef VANTOR_SRC_THROWER_H
 #define VANTOR_SRC_THROWER_H

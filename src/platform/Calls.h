@@ -1,4 +1,5 @@
-// Calls that the device and the desktop offer differently, under the device's names. README.md beside this file is the table.
+// Calls that the device and the desktop offer differently, under the device's names. README.md beside this file is the
+// table.
 
 #ifndef VANTOR_SRC_CALLS_H
 #define VANTOR_SRC_CALLS_H

@@ -15,8 +15,8 @@ CSmartPtr<CStdException> CloneOf(const Exception& e)
     return CSmartPtr<CStdException>(new (std::nothrow) Exception(e));
 }
 
-// A null pointer is answered with silence. Callers pass `this`, so their files are built with -fno-delete-null-pointer-checks:
-// the optimiser would take the test away.
+// A null pointer is answered with silence. Callers pass `this`, so their files are built with
+// -fno-delete-null-pointer-checks: the optimiser would take the test away.
 template <class Exception>
 void ThrowCopyOf(const Exception* e)
 {

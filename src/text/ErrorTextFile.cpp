@@ -9,8 +9,9 @@
 #include <cwchar>
 #include <iterator>
 
-// The file is UTF-16LE with the mark 0xFEFF. A line is a code (decimal, or hexadecimal behind "0x"), a comma, the message and a
-// line feed; a last line without one does not count. A message may stand in quotes and hold \r, \n and \" as escapes.
+// The file is UTF-16LE with the mark 0xFEFF. A line is a code (decimal, or hexadecimal behind "0x"), a comma, the
+// message and a line feed; a last line without one does not count. A message may stand in quotes and hold \r, \n and \"
+// as escapes.
 
 namespace vantor
 {
@@ -34,8 +35,8 @@ void Unescape(ustring& message)
     message.trim(L'"');
 }
 
-// The text that is read but not yet scanned. Remembers how far it was searched, so that a long line costs one walk however many
-// chunks it comes in.
+// The text that is read but not yet scanned. Remembers how far it was searched, so that a long line costs one walk
+// however many chunks it comes in.
 class CScanner
 {
 public:
@@ -71,8 +72,8 @@ public:
     }
 
 private:
-    // Leaves m_searched on the line feed of the line that begins at m_line; false if more text is needed. Only line feeds behind
-    // the line's first comma count, so a line without one runs on into the next.
+    // Leaves m_searched on the line feed of the line that begins at m_line; false if more text is needed. Only line
+    // feeds behind the line's first comma count, so a line without one runs on into the next.
     bool NextLine()
     {
         while (m_line < m_rest.size() && m_rest[m_line] == L'\n')
@@ -91,9 +92,9 @@ private:
 
     const unsigned long m_code;
     ustring m_rest;
-    std::size_t m_line = 0;             // start of the line
-    std::size_t m_comma = NotFound;     // its first comma
-    std::size_t m_searched = 0;         // what is sought next does not stand before
+    std::size_t m_line = 0;           // start of the line
+    std::size_t m_comma = NotFound;   // its first comma
+    std::size_t m_searched = 0;       // what is sought next does not stand before
 };
 
 ustring ErrorTextPath()

@@ -7,8 +7,8 @@
 
 namespace vantor
 {
-// Scans the file from its start up to the first line with the code. False, and `text` stays as it was, if there is none or the
-// file cannot be read; a missing file is no error.
+// Scans the file from its start up to the first line with the code. False, and `text` stays as it was, if there is none
+// or the file cannot be read; a missing file is no error.
 bool FindErrorText(unsigned long code, ustring& text);
 }   // namespace vantor
 

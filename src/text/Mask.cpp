@@ -25,7 +25,7 @@ int OrderNoCase(wchar_t a, wchar_t b)
 // A mask, cut at its runs of stars; a "?" right behind a star belongs to the run.
 struct Parts
 {
-    std::vector<View> parts;    // one more than there are runs, but for a run that ends the mask
+    std::vector<View> parts;   // one more than there are runs, but for a run that ends the mask
     bool endsWithStar = false;
 };
 
@@ -51,8 +51,8 @@ Parts Cut(View mask)
 // The results of all tails of a text against the mask from one part on.
 struct Tails
 {
-    std::vector<signed char> results;       // by the tail's start
-    std::size_t lastMatch = View::npos;     // start of the shortest tail that matches
+    std::vector<signed char> results;     // by the tail's start
+    std::size_t lastMatch = View::npos;   // start of the shortest tail that matches
 };
 
 // The result of the text's tail from `start` on against one part of the mask and what follows it.
@@ -77,8 +77,8 @@ int MatchTail(View text, std::size_t start, View part, bool endsWithStar, const 
     return rest->results[start];   // no tail behind the star matches: the whole text is tried once more
 }
 
-// Every tail against every part, from the mask's end to its front: what follows a part is looked up instead of matched again,
-// which keeps the work at length of text times length of mask.
+// Every tail against every part, from the mask's end to its front: what follows a part is looked up instead of matched
+// again, which keeps the work at length of text times length of mask.
 template <class Comparison>
 int Match(View text, View mask, Comparison order)
 {
