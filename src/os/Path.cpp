@@ -22,9 +22,17 @@ void AppendPart(ustring& path, const wchar_t* part)
     path += part;
 }
 
-bool BothBackslashes(wchar_t a, wchar_t b)
+// Turns every "/" into a backslash and every run of backslashes into one.
+void NormaliseSeparators(ustring& path)
 {
-    return a == L'\\' && b == L'\\';
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < path.size(); ++i)
+    {
+        const wchar_t ch = path[i] == L'/' ? L'\\' : path[i];
+        if (ch != L'\\' || kept == 0 || path[kept - 1] != L'\\')
+            path[kept++] = ch;
+    }
+    path.resize(kept);
 }
 }   // namespace
 
@@ -56,8 +64,7 @@ void CFile::MakePath(ustring& out, const wchar_t* drive, const wchar_t* dir, con
             path += L'.';
         path += ext;
     }
-    std::replace(path.begin(), path.end(), L'/', L'\\');
-    path.erase(std::unique(path.begin(), path.end(), BothBackslashes), path.end());
+    NormaliseSeparators(path);
     out.swap(path);
 }
 
