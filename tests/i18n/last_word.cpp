@@ -1,0 +1,20 @@
+// A library that calls a function when it is unloaded. Loaded before another library, it calls when that one has ended.
+
+#include <windows.h>
+
+namespace
+{
+void (*g_function)() = nullptr;
+}
+
+extern "C" __declspec(dllexport) void CallLast(void (*function)())
+{
+    g_function = function;
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*)
+{
+    if (reason == DLL_PROCESS_DETACH && g_function)
+        g_function();
+    return TRUE;
+}
