@@ -11,12 +11,12 @@ namespace
 using vantor::ustring;
 using View = std::wstring_view;
 
-constexpr View Plain = L"AaBbCcDdEeFfGgHhIiJjKkLlMmNnOoPpRrSsTtUuVvWwXxYyZz";
+constexpr View Plain = L"AaBbCcDdEeFfGgHhIiJjKkLlMmNnOoPpQqRrSsTtUuVvWwXxYyZz";
 constexpr View Accented =
     L"\u00C5\u00E5\u0181\u0253\u00C7\u00E7\u00D0\u00F0\u00CB\u00EB\u0191\u0192\u011C\u011D\u0124\u0125"
     L"\u00CE\u00EE\u0134\u0135\u0136\u0137\u013D\u013E\u1E40\u1E41\u00D1\u00F1\u00D6\u00F6\u00DE\u00FE"
-    L"\u0154\u0155\u0160\u0161\u0162\u0163\u00DB\u00FB\u1E7C\u1E7D\u0174\u0175\u1E8A\u1E8B\u00DD\u00FD"
-    L"\u017D\u017E";
+    L"\u01EA\u01EB\u0154\u0155\u0160\u0161\u0162\u0163\u00DB\u00FB\u1E7C\u1E7D\u0174\u0175\u1E8A\u1E8B"
+    L"\u00DD\u00FD\u017D\u017E";
 static_assert(Plain.size() == Accented.size());
 
 wchar_t Accent(wchar_t ch)
@@ -68,22 +68,28 @@ std::size_t Braces(View text, std::size_t pos)
     return end > pos + 1 && end < text.size() && text[end] == L'}' ? end + 1 - pos : 0;
 }
 
-// The body of a text, accented, its placeholders and accelerator kept.
+// The body of a text, accented, its placeholders and accelerator kept; empty if it has no letter besides the
+// placeholders'.
 ustring AccentAll(const ustring& body)
 {
     ustring result;
+    bool letters = false;
+    bool accelerator = false;
     for (std::size_t pos = 0; pos < body.size();)
     {
-        std::size_t kept = PlaceholderAt(body, pos);
-        if (kept == 0 && body[pos] == L'&' && pos + 1 < body.size())
-            kept = 2;
-        if (kept != 0)
-            result.append(body, pos, kept);
-        else
-            result += Accent(body[pos]);
-        pos += std::max<std::size_t>(kept, 1);
+        if (const std::size_t length = PlaceholderAt(body, pos))
+        {
+            result.append(body, pos, length);
+            pos += length;
+            accelerator = false;
+            continue;
+        }
+        const wchar_t ch = body[pos++];
+        letters = letters || std::iswalpha(ch) != 0;
+        result += accelerator ? ch : Accent(ch);
+        accelerator = ch == L'&' && !accelerator;
     }
-    return result;
+    return letters ? result : ustring();
 }
 }   // namespace
 
@@ -121,7 +127,7 @@ ustring Pseudo(const ustring& text)
     const ustring body = std::wstring(first, last);
 
     const ustring accented = AccentAll(body);
-    if (accented == body)
+    if (accented.empty())
         return text;
 
     const std::size_t longer = std::max<std::size_t>((2 * body.size() + 4) / 5, 2);   // 40 %, rounded up

@@ -68,10 +68,10 @@ class CReplacement
 public:
     explicit CReplacement(const ustring& path) : m_path(path)
     {
-        ustring drive, dir, fname, ext, folder;
-        CFile::SplitPath(path.c_str(), drive, dir, fname, ext);
-        CFile::MakePath(folder, drive.c_str(), dir.c_str(), nullptr, nullptr);
-        CFile::GetTempFileNameW(folder.empty() ? L"." : folder.c_str(), L"lng", 0, m_temporary);
+        // Not by MakePath, which leaves one backslash of the two at the start of a network path.
+        const std::size_t folder = path.find_last_of(L"\\/:");
+        const ustring place = folder == ustring::npos ? std::wstring(L".") : path.substr(0, folder + 1);
+        CFile::GetTempFileNameW(place.c_str(), L"lng", 0, m_temporary);
     }
     CReplacement(const CReplacement&) = delete;
     CReplacement& operator=(const CReplacement&) = delete;
@@ -85,6 +85,10 @@ public:
 
     void TakePlace()
     {
+        // Some systems would let a read-only file be replaced.
+        const DWORD attributes = ::GetFileAttributesW(m_path.c_str());
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+            throw CWinException(2, Source, L"MoveFileEx", ERROR_ACCESS_DENIED);
         if (!::MoveFileExW(m_temporary.c_str(), m_path.c_str(), MOVEFILE_REPLACE_EXISTING))
             throw CWinException(2, Source, L"MoveFileEx", ::GetLastError());
         m_temporary.clear();
@@ -95,7 +99,7 @@ private:
     ustring m_temporary;
 };
 
-// A device such as a printer port is written to as it is: a file must not take its place.
+// A device such as NUL is opened itself, and refuses a table with an error of its own: a file must not take its place.
 bool IsDevice(const ustring& path)
 {
     const HANDLE file =

@@ -26,8 +26,8 @@ namespace vantor
 {
 // The table from source text to translated text. A file is UTF-16LE with the mark 0xFEFF, then one record after the
 // other with nothing between them: "[source]", LF, "[translation]", LF, in the order of the sources. Texts stand
-// unescaped, line breaks and brackets included; only a text in which "]", a line break and "[" follow each other cannot
-// be stored.
+// unescaped, line breaks and brackets included. Two things do not come back: carriage returns (alone or before a line
+// feed they are read as a line feed), and a text in which "]", a line break and "[" follow each other.
 class CLanguageFile : public std::map<ustring, ustring>
 {
 public:
@@ -61,7 +61,7 @@ public:
     // and nothing is collected.
     EMode SetMode(EMode mode);
 
-    // True if the text was replaced (eTranslate) or is in the table now (eGather). No trimming, no "&", no formats.
+    // True if the text was replaced, or, with eGather, is in the table now. No trimming, no "&", no formats.
     bool XlateEx(ustring& text);
     void XlateWnd(HWND hwnd);          // the window, then all its descendants
     void XlateToolbar(HWND toolbar);   // the buttons' texts, and the menus that a command bar keeps in their dwData
@@ -121,7 +121,8 @@ namespace menu
 VANTOR_API int GetMenuItemCount(HMENU menu);
 // MF_GRAYED, MF_CHECKED, MF_HILITE and MF_MENUBARBREAK, MF_MENUBREAK, MF_OWNERDRAW, MF_SEPARATOR of the item.
 VANTOR_API UINT GetMenuState(HMENU menu, UINT item, UINT flags);
-// The text's length, up to maxChars - 1 characters of it in buffer; a null buffer asks for the length alone.
+// The text's length, up to maxChars - 1 characters of it in buffer; a null buffer asks for the length alone. 0 if there
+// is no such item.
 VANTOR_API int GetMenuStringW(HMENU menu, UINT item, wchar_t* buffer, int maxChars, UINT flags);
 VANTOR_API UINT GetMenuItemID(HMENU menu, int position);
 VANTOR_API bool ModifyMenuW(HMENU menu, UINT item, UINT flags, UINT_PTR newId, const wchar_t* text);

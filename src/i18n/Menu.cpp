@@ -67,9 +67,9 @@ bool CopyItem(HMENU target, HMENU source, UINT position)
 
 int menu::GetMenuItemCount(HMENU menu)
 {
-    MENUITEMINFOW info = {};
+    CMenuItem item;
     UINT count = 0;
-    while (ReadItem(menu, count, true, MIIM_ID, info))
+    while (item.Read(menu, count, MIIM_ID | MIIM_TYPE))
         ++count;
     return static_cast<int>(count);
 }
@@ -137,9 +137,14 @@ bool menu::CopyMenu(HMENU target, HMENU source)
     return true;
 }
 
+// Without the texts, which the function in namespace menu reads too.
 int CTranslator::GetMenuItemCount(HMENU menu)
 {
-    return menu::GetMenuItemCount(menu);
+    MENUITEMINFOW info = {};
+    UINT count = 0;
+    while (ReadItem(menu, count, true, MIIM_ID, info))
+        ++count;
+    return static_cast<int>(count);
 }
 
 UINT CTranslator::GetMenuState(HMENU menu, UINT item, UINT flags)

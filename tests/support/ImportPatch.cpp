@@ -70,9 +70,15 @@ void Fill(const std::vector<void**>& slots, void* function)
 }
 }   // namespace
 
-CImportPatch::CImportPatch(void* original, void* fake) : m_original(BehindStub(original))
+CImportPatch::CImportPatch(void* original, void* fake) : m_original(original)
 {
+    // Only an address that is no slot's can be a stub of this program: some system functions begin with a jump themselves.
     m_slots = FindSlots(m_original);
+    if (m_slots.empty())
+    {
+        m_original = BehindStub(original);
+        m_slots = FindSlots(m_original);
+    }
     if (m_slots.empty())
         Die("vantor.dll does not import the function, or it is patched already");
     Fill(m_slots, fake);
