@@ -2,11 +2,6 @@
 
 namespace vantor
 {
-namespace
-{
-constexpr unsigned int UpToTerminator = 0xFFFFFFFF;
-}
-
 ustring ustring::MultiByteToWideChar(const char* text, unsigned int length, unsigned int codePage, unsigned long flags)
 {
     ustring result;
@@ -16,9 +11,10 @@ ustring ustring::MultiByteToWideChar(const char* text, unsigned int length, unsi
         return result;
 
     result.resize(static_cast<size_type>(size));
-    ::MultiByteToWideChar(codePage, flags, text, source, result.data(), size);
-    if (length == UpToTerminator)
-        result.pop_back();
+    if (::MultiByteToWideChar(codePage, flags, text, source, result.data(), size) < 1)
+        result.clear();
+    else if (source < 0)
+        result.pop_back();   // the terminator
     return result;
 }
 
@@ -37,9 +33,10 @@ std::string ustring::WideCharToMultiByte(const wchar_t* text, unsigned int lengt
         return result;
 
     result.resize(static_cast<size_type>(size));
-    ::WideCharToMultiByte(codePage, flags, text, source, result.data(), size, nullptr, nullptr);
-    if (length == UpToTerminator)
-        result.pop_back();
+    if (::WideCharToMultiByte(codePage, flags, text, source, result.data(), size, nullptr, nullptr) < 1)
+        result.clear();
+    else if (source < 0)
+        result.pop_back();   // the terminator
     return result;
 }
 

@@ -4,6 +4,17 @@
 
 namespace vantor
 {
+namespace
+{
+// A text that cannot be read is empty, whatever the failing call left behind.
+template <int Size>
+void ReadText(LCID locale, LCTYPE type, wchar_t (&text)[Size])
+{
+    if (::GetLocaleInfoW(locale, type, text, Size) == 0)
+        text[0] = 0;
+}
+}   // namespace
+
 CLocale ustring::m_Locale(LOCALE_USER_DEFAULT);
 
 CLocale::CLocale(LCID locale)
@@ -12,9 +23,9 @@ CLocale::CLocale(LCID locale)
       m_digits(GetLocaleInfoW(locale, LOCALE_IDIGITS)),
       m_leadingZeros(GetLocaleInfoW(locale, LOCALE_ILZERO))
 {
-    ::GetLocaleInfoW(locale, LOCALE_SDECIMAL, m_decimalPoint, TextSize);
-    ::GetLocaleInfoW(locale, LOCALE_STHOUSAND, m_thousandsSep, TextSize);
-    ::GetLocaleInfoW(locale, LOCALE_SNEGATIVESIGN, m_negativeSign, TextSize);
+    ReadText(locale, LOCALE_SDECIMAL, m_decimalPoint);
+    ReadText(locale, LOCALE_STHOUSAND, m_thousandsSep);
+    ReadText(locale, LOCALE_SNEGATIVESIGN, m_negativeSign);
 }
 
 int CLocale::GetLocaleInfoW(LCID locale, LCTYPE type)

@@ -130,8 +130,7 @@ void ustring::add_sign(int mode, const wchar_t* sign)
         *this += sign;
         break;
     case 4:
-        *this += L" ";
-        *this += sign;
+        *this = *this + L" " + sign;   // made beside this text, which the sign may stand in
         break;
     default:
         break;
