@@ -94,14 +94,30 @@ private:
     CFile& m_file;
     ustring m_text;
 };
+// Runs an operation on an open file. If it fails, the file is closed without another word: an exception of the
+// destructor on top of the first would end the program, and where a card is pulled out every call fails.
+template <class Operation>
+void OnFile(CFile& file, Operation operation)
+{
+    try
+    {
+        operation();
+    }
+    catch (...)
+    {
+        if (file.IsCreated())
+            ::CloseHandle(file.Detach());
+        throw;
+    }
+    file.Close();
+}
 }   // namespace
 
 bool CLanguageFile::LoadLanguageFile(const wchar_t* path)
 try
 {
     CFile file(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    LoadLanguageFile(file);
-    file.Close();
+    OnFile(file, [&] { LoadLanguageFile(file); });
     return true;
 }
 catch (const CWinException& e)
@@ -114,8 +130,7 @@ catch (const CWinException& e)
 void CLanguageFile::SaveLanguageFile(const wchar_t* path)
 {
     CFile file(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    SaveLanguageFile(file);
-    file.Close();
+    OnFile(file, [&] { SaveLanguageFile(file); });
 }
 
 void CLanguageFile::LoadLanguageFile(CFile& file)

@@ -133,13 +133,22 @@ bool Scan(CFile& file, unsigned long code, ustring& text)
 }   // namespace
 
 bool FindErrorText(unsigned long code, ustring& text)
-try
 {
-    CFile file(ErrorTextPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    return Scan(file, code, text);
-}
-catch (const CWinException&)
-{
-    return false;
+    bool found = false;
+    try
+    {
+        CFile file(ErrorTextPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        try
+        {
+            found = Scan(file, code, text);
+        }
+        catch (...)   // not further out: where reading fails, the destructor's closing may fail too
+        {
+        }
+    }
+    catch (...)   // there is no file, or its closing failed
+    {
+    }
+    return found;
 }
 }   // namespace vantor

@@ -1,6 +1,7 @@
+#include "../i18n/LibraryTexts.h"
+
 #include <vantor/Exceptions.h>
 #include <vantor/File.h>
-#include <vantor/Translator.h>
 
 namespace vantor
 {
@@ -26,7 +27,7 @@ int CStdException::ReportError(HWND parent, unsigned int type, const wchar_t* te
 int CStdException::ReportError(const CExInfo& info, HWND parent, unsigned int type, const wchar_t*, unsigned int)
 {
     ustring message = info.GetErrorMessageUI();
-    CTranslatorInstance::Ref().XlateEx(message);
+    Translate(message);
     return ::MessageBoxW(parent, message.c_str(), GetAppName().c_str(), type);
 }
 

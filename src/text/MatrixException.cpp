@@ -1,11 +1,9 @@
-#include "../platform/Module.h"
+#include "../i18n/LibraryTexts.h"
 #include "Copies.h"
 
 #include "../../res/resource.h"
 
 #include <vantor/Exceptions.h>
-
-#include <iterator>
 
 namespace vantor
 {
@@ -25,27 +23,17 @@ void CMatrixException::Throw() const
 }
 
 bool CMatrixException::GetSource(ustring& out) const
-try
 {
-    return out.xload(LibraryModule(), IDS_SOURCE_MATRIX);
-}
-catch (...)   // a text getter never throws
-{
-    return false;
+    return LoadLibraryText(IDS_SOURCE_MATRIX, out);
 }
 
 bool CMatrixException::GetErrorMessage(ustring& out) const
-try
 {
     static constexpr unsigned int texts[] = {IDS_MATRIX_SUCCESS, IDS_MATRIX_INVALID_DIMENSION,
                                              IDS_MATRIX_INCOMPATIBLE_DIMENSION, IDS_MATRIX_INVALID_INDEX,
                                              IDS_MATRIX_DIVISION_BY_ZERO};
     if (m_kind < NoError || m_kind > DivisionByZero)
         return false;
-    return out.xload(LibraryModule(), texts[m_kind]);
-}
-catch (...)   // a text getter never throws
-{
-    return false;
+    return LoadLibraryText(texts[m_kind], out);
 }
 }   // namespace vantor

@@ -1,4 +1,4 @@
-#include "../platform/Module.h"
+#include "../i18n/LibraryTexts.h"
 #include "Copies.h"
 #include "ErrorTextFile.h"
 
@@ -47,13 +47,8 @@ void CWinException::Throw() const
 }
 
 bool CWinException::GetSource(ustring& out) const
-try
 {
-    return out.xload(LibraryModule(), IDS_SOURCE_WIN32);
-}
-catch (...)   // a text getter never throws
-{
-    return false;
+    return LoadLibraryText(IDS_SOURCE_WIN32, out);
 }
 
 bool CWinException::GetErrorMessage(ustring& out) const
