@@ -3,12 +3,16 @@
 #ifndef VANTOR_VANTOR_H
 #define VANTOR_VANTOR_H
 
+#include <vantor/CaptionCtrl.h>
+#include <vantor/Dialog.h>
 #include <vantor/Exceptions.h>
 #include <vantor/File.h>
 #include <vantor/Object.h>
 #include <vantor/Platform.h>
 #include <vantor/Strings.h>
+#include <vantor/TipDlg.h>
 #include <vantor/Translator.h>
 #include <vantor/Version.h>
+#include <vantor/Window.h>
 
 #endif

@@ -15,6 +15,15 @@ catch (...)
 {
 }
 
+void TranslateWindow(HWND window) noexcept
+try
+{
+    CTranslatorInstance::Ref().XlateWnd(window);
+}
+catch (...)
+{
+}
+
 bool LoadLibraryText(unsigned int id, ustring& text) noexcept
 try
 {

@@ -8,6 +8,7 @@
 namespace vantor
 {
 void Translate(ustring& text) noexcept;
+void TranslateWindow(HWND window) noexcept;   // and all its descendants
 
 // An entry of the library's own string table, translated. False if there is none.
 bool LoadLibraryText(unsigned int id, ustring& text) noexcept;

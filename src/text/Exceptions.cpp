@@ -1,4 +1,5 @@
 #include "../i18n/LibraryTexts.h"
+#include "../ui/ErrorDialogs.h"
 
 #include <vantor/Exceptions.h>
 #include <vantor/File.h>
@@ -24,11 +25,21 @@ int CStdException::ReportError(HWND parent, unsigned int type, const wchar_t* te
     return ReportError(CExInfo(*this), parent, type, text, number);
 }
 
-int CStdException::ReportError(const CExInfo& info, HWND parent, unsigned int type, const wchar_t*, unsigned int)
+int CStdException::ReportError(const CExInfo& info, HWND parent, unsigned int type, const wchar_t* text,
+                               unsigned int number)
 {
-    ustring message = info.GetErrorMessageUI();
-    Translate(message);
-    return ::MessageBoxW(parent, message.c_str(), GetAppName().c_str(), type);
+    CReport report;
+    report.message = info.GetErrorMessageUI();
+    Translate(report.message);
+    report.title = GetAppName();
+    report.source = info.GetSource();
+    report.fileName = info.GetFileName();
+    report.function = info.GetFunction();
+    report.line = info.GetLine();
+    report.type = type;
+    report.text = text;
+    report.number = number;
+    return CErrorReportDlg(parent, report).DoModal();
 }
 
 void CStdException::SetAppName(const wchar_t* name)
