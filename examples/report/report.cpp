@@ -4,6 +4,8 @@
 //     report open PATH          a file that is missing, or that another program has locked
 //     report save PATH          a file on a full disk
 //     report reply TEXT         an error reply of the receiver, such as {2,,access denied}
+//
+//     report hold PATH          makes the file and keeps it locked until the standard input ends; shows nothing
 
 #include "resource.h"
 
@@ -14,6 +16,15 @@
 namespace
 {
 using namespace vantor;
+
+void Hold(const wchar_t* path)
+{
+    CFile trace(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    std::puts("held");
+    std::fflush(stdout);
+    while (std::getchar() != EOF)
+        ;
+}
 
 void Fail(HINSTANCE module, const ustring& command, const wchar_t* argument)
 {
@@ -27,6 +38,10 @@ void Fail(HINSTANCE module, const ustring& command, const wchar_t* argument)
         unsigned int done = 0;
         trace.Write(L"-93.4", 10, done, nullptr);
     }
+    else if (command == L"hold")
+    {
+        Hold(argument);
+    }
     else if (command == L"reply")
     {
         ustring link;
@@ -37,7 +52,7 @@ void Fail(HINSTANCE module, const ustring& command, const wchar_t* argument)
 
 unsigned int ButtonsFor(const ustring& command)
 {
-    return command == L"open" ? MB_ICONHAND | MB_OK
+    return command == L"open"   ? MB_ICONHAND | MB_OK
            : command == L"save" ? MB_ICONEXCLAMATION | MB_RETRYCANCEL
                                 : MB_ICONQUESTION | MB_ABORTRETRYIGNORE;
 }
@@ -47,7 +62,7 @@ int wmain(int count, wchar_t** arguments)
 {
     if (count != 3)
     {
-        std::puts("usage: report open PATH | save PATH | reply TEXT");
+        std::puts("usage: report open PATH | save PATH | reply TEXT | hold PATH");
         return 100;
     }
     const HINSTANCE module = ::GetModuleHandleW(nullptr);

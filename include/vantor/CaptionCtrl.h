@@ -88,6 +88,9 @@ private:
 class VANTOR_API CCaptionEnabledWindow
 {
 public:
+    CCaptionEnabledWindow(const CCaptionEnabledWindow&) = delete;   // the bar knows its owner
+    CCaptionEnabledWindow& operator=(const CCaptionEnabledWindow&) = delete;
+
     // Asks its owner first.
     class VANTOR_API CMyCaptionCtrl : public CCaptionCtrl
     {

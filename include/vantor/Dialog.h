@@ -37,7 +37,7 @@ public:
 
     // Virtual operations in slot order, behind those of CWnd; derived classes append theirs.
 
-    ~CDialog() override;
+    ~CDialog() override;   // destroys a window that is still there; its handlers are not called any more
     // A template in memory instead of the resource: a block of LocalAlloc, of which a copy is kept. False for null: a
     // copy kept before stays. Meant to be called once, before DoModal or Create.
     virtual bool InitModalIndirect(HINSTANCE hInst, void* pTemplate, HWND hWndParent);

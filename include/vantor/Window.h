@@ -3,8 +3,17 @@
 //
 //     LRESULT CALLBACK PlotProc(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept
 //     {
+//         if (msg == WM_CREATE)
+//         {
+//             auto* cs = reinterpret_cast<CREATESTRUCTW*>(lParam);
+//             auto* plot = static_cast<CWnd*>(cs->lpCreateParams);
+//             plot->m_hWnd = hWnd;
+//             return plot->OnCreate(cs);                // registers
+//         }
+//         CWnd* plot = CWnd::FindInstance(hWnd);
+//         if (plot && msg == WM_DESTROY)
+//             plot->OnDestroy();                        // removes the registration
 //         LRESULT result = 0;
-//         CWnd* plot = CWnd::FindInstance(hWnd);      // registered by OnCreate, removed by OnDestroy
 //         if (plot && plot->OnWindowProc(hWnd, msg, wParam, lParam, &result))
 //             return result;
 //         return ::DefWindowProcW(hWnd, msg, wParam, lParam);

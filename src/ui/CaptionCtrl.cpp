@@ -7,6 +7,7 @@
 #include <vantor/Strings.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace vantor
 {

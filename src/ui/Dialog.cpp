@@ -120,13 +120,32 @@ bool CDialog::OnDialogProc(HWND, UINT, WPARAM, LPARAM)
 // Only the identifier counts, not the notification.
 INT_PTR CDialog::OnCommand(WORD id)
 {
-    static constexpr void (CDialog::*handlers[])() = {&CDialog::OnOK,    &CDialog::OnCancel, &CDialog::OnAbort,
-                                                      &CDialog::OnRetry, &CDialog::OnIgnore, &CDialog::OnYes,
-                                                      &CDialog::OnNo};
-    if (id < IDOK || id > IDNO)
+    switch (id)
+    {
+    case IDOK:
+        OnOK();
+        return TRUE;
+    case IDCANCEL:
+        OnCancel();
+        return TRUE;
+    case IDABORT:
+        OnAbort();
+        return TRUE;
+    case IDRETRY:
+        OnRetry();
+        return TRUE;
+    case IDIGNORE:
+        OnIgnore();
+        return TRUE;
+    case IDYES:
+        OnYes();
+        return TRUE;
+    case IDNO:
+        OnNo();
+        return TRUE;
+    default:
         return FALSE;
-    (this->*handlers[id - IDOK])();
-    return TRUE;
+    }
 }
 
 INT_PTR CALLBACK CDialog::DialogProc(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept

@@ -113,6 +113,8 @@ void CErrorReportDlg::SetUpButtons()
         ::ShowWindow(button, SW_SHOW);
         SetDlgCtrlId(button, shown.command);
     }
+    // The template's default button may be hidden, and has lost its number: the return key means the first shown.
+    ::SendMessageW(m_hWnd, DM_SETDEFID, GroupOf(m_report.type).shown[0].command, 0);
 }
 
 // A box without a Cancel button cannot be cancelled by key, except the plain OK box.

@@ -35,7 +35,11 @@ void UseOwnDesktop()
 {
     const std::wstring name =
         L"vantor" + std::to_wstring(::GetCurrentProcessId()) + L"." + std::to_wstring(::GetCurrentThreadId());
-    // Never closed: it is the thread's until the process ends.
+    // Never closed: they are the program's until it ends. For a desktop of the user's own station Wine would start a process
+    // that holds the program's output open for a second.
+    static const HWINSTA station = ::CreateWindowStationW(name.c_str(), 0, GENERIC_ALL, nullptr);
+    if (!station || !::SetProcessWindowStation(station))
+        ADD_FAILURE() << "no window station of its own: error " << ::GetLastError();
     const HDESK desktop = ::CreateDesktopW(name.c_str(), nullptr, nullptr, 0, GENERIC_ALL, nullptr);
     if (!desktop || !::SetThreadDesktop(desktop))
         ADD_FAILURE() << "no desktop of its own: error " << ::GetLastError();
