@@ -1,38 +1,11 @@
-// The order of virtual operations is part of the binary interface: applications call them by position. Read off the
-// virtual tables that vantor.dll exports, against the addresses of the functions that it exports.
+// The order of virtual operations of the classes without windows; tests/ui has the others.
 
-#include <vantor/Platform.h>
-
-#include <gtest/gtest.h>
-
-#include <vector>
+#include "support/Slots.h"
 
 namespace
 {
-// A slot whose function is not exported (it is inline, or the class has none).
-constexpr char Unnamed[] = "";
-
-const void* Exported(const char* name)
-{
-    void* const address = reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"vantor.dll"), name));
-    EXPECT_NE(nullptr, address) << name << " is not exported";
-    return address;
-}
-
-// The operations in slot order. The compiler gives a virtual destructor two slots: one destroys, the other also frees.
-void ExpectSlots(const char* table, const std::vector<const char*>& operations)
-{
-    constexpr std::size_t before = 2;   // the offset to the whole object and the type information
-    const auto* const entries = static_cast<const void* const*>(Exported(table));
-    ASSERT_NE(nullptr, entries);
-    for (std::size_t slot = 0; slot < operations.size(); ++slot)
-    {
-        if (operations[slot] != Unnamed)
-        {
-            EXPECT_EQ(Exported(operations[slot]), entries[before + slot]) << operations[slot] << " in slot " << slot;
-        }
-    }
-}
+using support::ExpectSlots;
+using support::Unnamed;
 
 constexpr char IsCreated[] = "_ZNK6vantor7CHandle9IsCreatedEv";
 constexpr char Close[] = "_ZN6vantor7CHandle5CloseEv";
