@@ -1,22 +1,11 @@
+#include "../os/Lock.h"
+
 #include <vantor/Window.h>
 
 namespace vantor
 {
 namespace
 {
-// The registry's lock for the length of a scope.
-class CLock
-{
-public:
-    explicit CLock(CCriticalSection& section) : m_section(section) { m_section.Lock(true); }
-    CLock(const CLock&) = delete;
-    CLock& operator=(const CLock&) = delete;
-    ~CLock() { m_section.Unlock(); }
-
-private:
-    CCriticalSection& m_section;
-};
-
 long Get(HWND hWnd, int which)
 {
     ::SetLastError(NO_ERROR);
