@@ -60,8 +60,6 @@ public:
     static LRESULT CALLBACK WndProc(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
 
 private:
-    friend class CCaptionEnabledWindow;
-
     void OnCreate(HWND hWnd, const CREATESTRUCTW& cs);
     void OnDestroy(HWND hWnd);
     void OnSize(int width);

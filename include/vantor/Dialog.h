@@ -1,5 +1,5 @@
-// Dialogs as objects: built from a template, run modally or not, their messages routed to virtual functions, and
-// translated when they start.
+// Dialogs as objects: built from a template, run modally or not, their messages routed to virtual functions. A
+// dialog is translated if its OnInitDialog asks for it: CTranslatorInstance::Ref().XlateWnd(m_hWnd).
 //
 //     class CSettings : public CDialog
 //     {
