@@ -7,9 +7,12 @@
 #include <vantor/Dialog.h>
 #include <vantor/Exceptions.h>
 #include <vantor/File.h>
+#include <vantor/IniFile.h>
+#include <vantor/LogFile.h>
 #include <vantor/Object.h>
 #include <vantor/Platform.h>
 #include <vantor/Strings.h>
+#include <vantor/SystemTime.h>
 #include <vantor/TipDlg.h>
 #include <vantor/Translator.h>
 #include <vantor/Version.h>
