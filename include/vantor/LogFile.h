@@ -15,7 +15,7 @@ namespace vantor
 {
 // Appends records "[time] text" in UTF-16, stamped with the local time in English. Each is on the medium when Write
 // returns. Write may be called from any thread; Open and Close belong to set-up and tear-down. Several objects, also of
-// several processes, may append to one file.
+// several processes, may append to one file: each waits while another one writes its message.
 class VANTOR_API CLogFile : public CFile
 {
 public:
@@ -28,8 +28,9 @@ public:
     bool Open(const wchar_t* path);
 
     // printf formatting as in ustring::sprintf. Each line that is not empty becomes a record, all with one stamp; the
-    // records of one message stay together. False if the log is not open. A failed write throws CWinException and may
-    // leave a part of the message in the file.
+    // records of one message stay together. False if the log is not open. What fails throws CWinException; a failed
+    // write may leave a part of the message in the file. Where a cut file ends in the middle of a character, a zero
+    // byte completes that first.
     bool Write(const wchar_t* format, ...);
 
     // Every byte from 0 to 32 becomes "$".

@@ -3,7 +3,7 @@
 //     const CSystemTime start = CSystemTime::GetLocalTime();
 //     Sweep();
 //     CSystemTimeSpan took = CSystemTime(CSystemTime::GetLocalTime()) - start;
-//     CSystemTime(start).Format(1033, L"%Y-%m-%d %H:%M:%S");      // 2013-03-05 14:07:00
+//     start.Format(1033, L"%Y-%m-%d %H:%M:%S");      // 2013-03-05 14:07:00
 //     took.Format(L"%s%H:%M:%S.%m");                              // 00:01:01.250
 
 #ifndef VANTOR_SYSTEMTIME_H
@@ -18,7 +18,7 @@ namespace vantor
 class CSystemTime;
 
 // A signed count of milliseconds. The components (GetDays to GetMilliseconds) are those of its magnitude. Sums and
-// differences wrap at 64 bits. A value; nothing here throws but Format.
+// differences wrap at 64 bits. A value; nothing here throws but the constructor from two times.
 class VANTOR_API CSystemTimeSpan
 {
 public:
@@ -88,21 +88,17 @@ public:
 
     void Clear() noexcept;
 
+    // clang-format off
 #ifdef __GNUC__
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wclass-conversion"   // only a call by its name reaches it
+#pragma GCC diagnostic ignored "-Wclass-conversion"   // of the first, which only a call by its name reaches
 #endif
-    operator SYSTEMTIME() const noexcept
-    {
-        return *this;
-    }
+    operator SYSTEMTIME() const noexcept { return *this; }
 #ifdef __GNUC__
 #pragma GCC diagnostic pop
 #endif
-    operator SYSTEMTIME*() noexcept
-    {
-        return this;
-    }   // the object itself
+    operator SYSTEMTIME*() noexcept { return this; }   // the object itself
+    // clang-format on
     operator FILETIME() const;
     operator tm() const;          // tm_isdst is -1, unknown
     operator long long() const;   // whole seconds since 1970-01-01 00:00:00; -1 for anything a second or more before
@@ -145,16 +141,20 @@ public:
     ustring GetTimeFormatW(LCID locale, DWORD flags, const wchar_t* picture) const;
     ustring GetDateFormatW(LCID locale, DWORD flags, const wchar_t* picture) const;
 
-    // In the words and forms of the locale. A code is "%", "#" or nothing, and a letter; any other letter gives
-    // nothing.
+    // In the words and forms of the locale. "#" after the "%" drops leading zeros, and makes the date of %c and %x
+    // long. Any other letter gives nothing.
+    // clang-format off
     //
-    //     %Y %y  year, four or two digits      %B %b  month's name, short name      %c  date and time, as the locale
-    //     has them %m     month                         %A %a  weekday's name, short name    %x  date     %X  time %d
-    //     day                           %w     weekday, Sunday is 0          %z %Z  name of the platform's time zone %H
-    //     %I  hour, of 24 or 12             %j     day of the year, from 001     %%  a percent sign %M %S  minute,
-    //     second                %U %W  week of the year, by its first Sunday or Monday; 00 before that %p     AM or PM
+    //     %Y  year                   %A  weekday              %c  date and time, as the locale has them
+    //     %y  year, two digits       %a  weekday, short       %x  date
+    //     %m  month                  %w  weekday, Sunday: 0   %X  time
+    //     %B  month's name           %j  day of the year      %z  name of the platform's time zone
+    //     %b  month's name, short    %H  hour, of 24          %Z  the same
+    //     %d  day                    %I  hour, of 12          %U  week of the year, from its first Sunday on; 00 before
+    //     %M  minute                 %p  AM or PM             %W  the same, from its first Monday on
+    //     %S  second                                          %%  a percent sign
     //
-    // "#" drops leading zeros, and makes the date of %c and %x long.
+    // clang-format on
     ustring Format(LCID locale, const wchar_t* format) const;
 };
 }   // namespace vantor

@@ -142,10 +142,11 @@ std::string CLogFile::Bin2Hex(const void* data, unsigned int size)
     if (size == 0)
         return text;
     text.reserve(std::size_t{3} * size);
-    for (const unsigned char byte : std::basic_string_view(static_cast<const unsigned char*>(data), size))
+    const auto* const bytes = static_cast<const unsigned char*>(data);
+    for (unsigned int i = 0; i < size; ++i)
     {
-        text += digits[byte >> 4];
-        text += digits[byte & 0xF];
+        text += digits[bytes[i] >> 4];
+        text += digits[bytes[i] & 0xF];
         text += ' ';
     }
     text.pop_back();

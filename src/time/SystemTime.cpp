@@ -36,10 +36,15 @@ SYSTEMTIME ToSystemTime(const FILETIME& time)
     return result;
 }
 
-// A valid file time has 63 bits.
 long long Ticks(const SYSTEMTIME& time)
 {
     return CSystemTime::FT2LI(ToFileTime(time)).QuadPart;
+}
+
+// A valid file time has 63 bits; from a platform that lets a later year pass, it wraps.
+long long TicksBetween(long long from, long long to)
+{
+    return static_cast<long long>(static_cast<unsigned long long>(to) - static_cast<unsigned long long>(from));
 }
 
 // start + count * unit ticks. What leaves the range of file times comes out with its top bit set, which no conversion
@@ -65,7 +70,7 @@ CSystemTimeSpan::CSystemTimeSpan(WORD days, WORD hours, WORD minutes, WORD secon
 }
 
 CSystemTimeSpan::CSystemTimeSpan(const CSystemTime& a, const CSystemTime& b)
-    : m_milliseconds((Ticks(a) - Ticks(b)) / TicksPerMillisecond)
+    : m_milliseconds(TicksBetween(Ticks(b), Ticks(a)) / TicksPerMillisecond)
 {
 }
 
@@ -125,11 +130,15 @@ CSystemTime::CSystemTime(WORD year, WORD month, WORD day, WORD hour, WORD minute
 }
 
 CSystemTime::CSystemTime(const tm& time) noexcept
-    : SYSTEMTIME{static_cast<WORD>(time.tm_year + 1900), static_cast<WORD>(time.tm_mon + 1),
-                 static_cast<WORD>(time.tm_wday),        static_cast<WORD>(time.tm_mday),
-                 static_cast<WORD>(time.tm_hour),        static_cast<WORD>(time.tm_min),
-                 static_cast<WORD>(time.tm_sec),         0}
 {
+    wYear = static_cast<WORD>(time.tm_year + 1900LL);   // nothing is checked, so nothing may overflow either
+    wMonth = static_cast<WORD>(time.tm_mon + 1LL);
+    wDayOfWeek = static_cast<WORD>(time.tm_wday);
+    wDay = static_cast<WORD>(time.tm_mday);
+    wHour = static_cast<WORD>(time.tm_hour);
+    wMinute = static_cast<WORD>(time.tm_min);
+    wSecond = static_cast<WORD>(time.tm_sec);
+    wMilliseconds = 0;
 }
 
 CSystemTime& CSystemTime::operator=(const SYSTEMTIME& time) noexcept
@@ -177,14 +186,14 @@ CSystemTime::operator tm() const
     result.tm_mon = wMonth - 1;
     result.tm_year = wYear - 1900;
     result.tm_wday = wDayOfWeek;
-    result.tm_yday = static_cast<int>((noon - newYear) / TicksPerDay);
+    result.tm_yday = static_cast<int>(TicksBetween(newYear, noon) / TicksPerDay);
     result.tm_isdst = -1;
     return result;
 }
 
 CSystemTime::operator long long() const
 {
-    const long long seconds = (Ticks(*this) - Epoch) / TicksPerSecond;
+    const long long seconds = TicksBetween(Epoch, Ticks(*this)) / TicksPerSecond;
     return seconds < 0 ? -1 : seconds;
 }
 
