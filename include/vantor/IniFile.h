@@ -61,8 +61,9 @@ public:
     bool DeleteSection(const wchar_t* section);
     bool DeleteEntry(const wchar_t* section, const wchar_t* key);
 
-    // The file's lines into memory, and back. All of the above do this themselves. A NUL byte ends a UTF-8 text, an odd
-    // last byte of UTF-16 is dropped, and so is one empty line at the end.
+    // The file's lines into memory, and back. All of the above do this themselves. A NUL byte ends a UTF-8 text, bytes
+    // that are none become U+FFFD, an odd last byte of UTF-16 is dropped, and so is one empty line at the end. Save
+    // without a Load before empties the file.
     void Load();
     void Save();
 
@@ -71,19 +72,6 @@ public:
     static EType TranslateSection(const ustring& line, ustring& name, ustring& value);
 
 private:
-    using CLine = std::list<ustring>::iterator;
-
-    // Where an entry stands; without one, where its section ends, or, outside it, the end.
-    struct CPlace
-    {
-        CLine line;
-        bool found;
-        bool inSection;
-    };
-
-    CLine FindSection(const wchar_t* section);   // the end if there is none
-    CPlace FindEntry(const wchar_t* section, const wchar_t* key);
-
     ustring m_fileName;
     bool m_unicode;
     CFile m_file;

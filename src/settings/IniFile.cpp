@@ -49,11 +49,13 @@ struct CLineParts
     std::wstring_view name, value;
 };
 
+using CLines = std::list<ustring>;
+
 // Cuts a text at its line feeds. One at its end begins no line, and one empty last line is dropped.
-std::list<ustring> Lines(ustring text)
+CLines Lines(ustring text)
 {
     text.erase(std::remove(text.begin(), text.end(), L'\r'), text.end());
-    std::list<ustring> lines;
+    CLines lines;
     for (std::size_t begin = 0; begin < text.size();)
     {
         const std::size_t end = std::min(text.find(L'\n', begin), text.size());
@@ -63,6 +65,40 @@ std::list<ustring> Lines(ustring text)
     if (!lines.empty() && lines.back().empty())
         lines.pop_back();
     return lines;
+}
+
+// Where an entry stands; without one, where its section ends, or, outside of it, the end.
+struct CPlace
+{
+    CLines::iterator line;
+    bool found;
+    bool inSection;
+};
+
+// The first header of this name; the end if there is none.
+CLines::iterator FindSection(CLines& lines, const wchar_t* section)
+{
+    return std::find_if(lines.begin(), lines.end(),
+                        [section](const ustring& line) { return CLineParts(line).IsSection(section); });
+}
+
+CPlace FindEntry(CLines& lines, const wchar_t* section, const wchar_t* key)
+{
+    bool inSection = *section == 0;
+    auto line = lines.begin();
+    for (; line != lines.end(); ++line)
+    {
+        const CLineParts parts(*line);
+        if (parts.isSection)
+        {
+            if (inSection)
+                break;
+            inSection = parts.IsNamed(section);
+        }
+        else if (inSection && parts.IsNamed(key))
+            return {line, true, true};
+    }
+    return {line, false, inSection};
 }
 
 std::string ReadAll(CFile& file)
@@ -104,7 +140,7 @@ void CIniFile::EnumEntries(const wchar_t* section, std::vector<ustring>& keys)
     const ustring wanted = section;   // the vector may hold it
     keys.clear();
     Load();
-    const auto header = FindSection(wanted.c_str());
+    const auto header = FindSection(m_lines, wanted.c_str());
     if (header == m_lines.end())
         return;
     for (auto line = std::next(header); line != m_lines.end(); ++line)
@@ -119,7 +155,7 @@ void CIniFile::EnumEntries(const wchar_t* section, std::vector<ustring>& keys)
 ustring CIniFile::GetString(const wchar_t* section, const wchar_t* key, const wchar_t* defaultValue)
 {
     Load();
-    const CPlace place = FindEntry(OrEmpty(section), OrEmpty(key));
+    const CPlace place = FindEntry(m_lines, OrEmpty(section), OrEmpty(key));
     if (!place.found)
         return defaultValue;
     return std::wstring(CLineParts(*place.line).value);
@@ -136,7 +172,7 @@ bool CIniFile::WriteString(const wchar_t* section, const wchar_t* key, const wch
 {
     ustring entry = ustring(key) + L'=' + value;
     Load();
-    const CPlace place = FindEntry(OrEmpty(section), OrEmpty(key));
+    const CPlace place = FindEntry(m_lines, OrEmpty(section), OrEmpty(key));
     if (place.found)
         *place.line = std::move(entry);
     else
@@ -159,7 +195,7 @@ bool CIniFile::WriteInt(const wchar_t* section, const wchar_t* key, int value)
 bool CIniFile::DeleteSection(const wchar_t* section)
 {
     Load();
-    const auto header = FindSection(OrEmpty(section));
+    const auto header = FindSection(m_lines, OrEmpty(section));
     if (header == m_lines.end())
         return false;
     const auto next =
@@ -172,7 +208,7 @@ bool CIniFile::DeleteSection(const wchar_t* section)
 bool CIniFile::DeleteEntry(const wchar_t* section, const wchar_t* key)
 {
     Load();
-    const CPlace place = FindEntry(OrEmpty(section), OrEmpty(key));
+    const CPlace place = FindEntry(m_lines, OrEmpty(section), OrEmpty(key));
     if (!place.found)
         return false;
     m_lines.erase(place.line);
@@ -226,30 +262,5 @@ CIniFile::EType CIniFile::TranslateSection(const ustring& line, ustring& name, u
     name.swap(newName);
     value.swap(newValue);
     return parts.isSection ? eSection : eEntry;
-}
-
-CIniFile::CLine CIniFile::FindSection(const wchar_t* section)
-{
-    return std::find_if(m_lines.begin(), m_lines.end(),
-                        [section](const ustring& line) { return CLineParts(line).IsSection(section); });
-}
-
-CIniFile::CPlace CIniFile::FindEntry(const wchar_t* section, const wchar_t* key)
-{
-    bool inSection = *section == 0;
-    auto line = m_lines.begin();
-    for (; line != m_lines.end(); ++line)
-    {
-        const CLineParts parts(*line);
-        if (parts.isSection)
-        {
-            if (inSection)
-                break;
-            inSection = parts.IsNamed(section);
-        }
-        else if (inSection && parts.IsNamed(key))
-            return {line, true, true};
-    }
-    return {line, false, inSection};
 }
 }   // namespace vantor
