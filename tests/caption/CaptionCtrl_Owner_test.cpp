@@ -94,6 +94,10 @@ private:
     bool& m_gone;
 };
 
+class CMixedIn : public CCaptionEnabledWindow
+{
+};
+
 class CaptionOwner : public testing::Test
 {
 protected:
@@ -123,6 +127,8 @@ protected:
 }   // namespace
 
 static_assert(!std::is_constructible_v<CCaptionEnabledWindow>, "only as a base");
+static_assert(!std::is_copy_constructible_v<CMixedIn> && !std::is_copy_assignable_v<CMixedIn>,
+              "a copied bar would ask the owner of the other");
 
 TEST_F(CaptionOwner, GetCaptionCtrl_OfAConstOwner_IsTheSameBar)
 {
@@ -132,10 +138,7 @@ TEST_F(CaptionOwner, GetCaptionCtrl_OfAConstOwner_IsTheSameBar)
 
 TEST_F(CaptionOwner, New_HasNoBarYet)
 {
-    class CEmpty : public CCaptionEnabledWindow
-    {
-    };
-    const CEmpty owner;
+    const CMixedIn owner;
     EXPECT_EQ(nullptr, owner.GetCaptionCtrl().GetHwnd());
 }
 
@@ -303,6 +306,13 @@ TEST_F(CaptionOwner, Activate_IsReadFromTheLowWordAlone)
 {
     COwner owner;
     Tell(owner, WM_ACTIVATE, MAKEWPARAM(WA_INACTIVE, 1), 0);
+    EXPECT_FALSE(owner.GetCaptionCtrl().IsCaptionEnabled());
+}
+
+TEST_F(CaptionOwner, Activate_OfAnyWindow_Counts)
+{
+    COwner owner;
+    owner.OnWindowProc(nullptr, WM_ACTIVATE, WA_INACTIVE, 0);
     EXPECT_FALSE(owner.GetCaptionCtrl().IsCaptionEnabled());
 }
 

@@ -168,6 +168,19 @@ TEST_F(CaptionCtrlPaint, Icon_StandsInTheMiddleOfItsSquare)
     EXPECT_EQ(UINT{DI_NORMAL}, g_iconFlags);
 }
 
+TEST_F(CaptionCtrlPaint, Icon_StandsInTheMiddleOfItsSquareAtEveryHeight)
+{
+    const CImportPatch patch(&::DrawIconEx, &RecordingDrawIcon);
+    for (int height = 1; height <= 64; ++height)
+    {
+        Show(L"", IconId, 0, height);
+        const int cx = std::min(height, ::GetSystemMetrics(SM_CXSMICON));
+        const int cy = std::min(height, ::GetSystemMetrics(SM_CYSMICON));
+        const RECT expected = {(height - cx) / 2, (height - cy) / 2, cx, cy};
+        EXPECT_TRUE(::EqualRect(&expected, &g_icon)) << "height " << height;
+    }
+}
+
 TEST_F(CaptionCtrlPaint, Icon_IsSeenInItsSquareAlone)
 {
     Show(L"", IconId);

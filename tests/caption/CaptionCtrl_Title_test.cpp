@@ -175,6 +175,26 @@ TEST_F(CaptionCtrlTitle, BesideButtonsThatCouldNotBeMade_MayTakeTheWholeWidth)
     EXPECT_EQ(Width, ShownText(L"Report", 0, AllButtons).place.right);
 }
 
+TEST_F(CaptionCtrlTitle, LeavesThePlaceOfTheButtons_AtEveryHeight)
+{
+    for (int height = 1; height <= 64 && !HasFailure(); ++height)
+    {
+        for (unsigned long buttons = 0; buttons <= AllButtons; ++buttons)
+        {
+            const int count = static_cast<int>((buttons & 1) + (buttons >> 1 & 1) + (buttons >> 2 & 1));
+            const RECT expected = {height / 4, 0, Width - 3 * height / 2 * count, height};
+            const RECT place = ShownText(L"Report", 0, buttons, height).place;
+            EXPECT_TRUE(::EqualRect(&expected, &place)) << "height " << height << ", buttons " << buttons;
+        }
+    }
+}
+
+TEST_F(CaptionCtrlTitle, BesideAnIcon_BeginsBehindItsSquareAtEveryHeight)
+{
+    for (int height = 1; height <= 64 && !HasFailure(); ++height)
+        EXPECT_EQ(height / 4 + height, ShownText(L"Report", IconId, 0, height).place.left) << "height " << height;
+}
+
 TEST_F(CaptionCtrlTitle, TakesTheBarsHeight)
 {
     const CText text = ShownText(L"Report", IconId, AllButtons);

@@ -1,4 +1,4 @@
-// The hidden button, and the details behind it.
+// The details of a failure.
 
 #include "Driver.h"
 
@@ -21,44 +21,6 @@ constexpr int File2 = 1011;
 constexpr int Line2 = 1012;
 constexpr int Message = 1005;
 
-HWND DetailsOf(HWND dialog)
-{
-    return ::GetDlgItem(dialog, Details);
-}
-
-// Edges included: the window's right and bottom edge are one pixel outside of what it paints.
-std::vector<POINT> Frame(RECT area)
-{
-    std::vector<POINT> points;
-    for (LONG x = area.left; x <= area.right; ++x)
-    {
-        points.push_back({x, area.top});
-        points.push_back({x, area.bottom});
-    }
-    for (LONG y = area.top; y <= area.bottom; ++y)
-    {
-        points.push_back({area.left, y});
-        points.push_back({area.right, y});
-    }
-    return points;
-}
-
-// After the second tap each further one on the place shows the button again.
-std::size_t CountTapsThatShow(HWND dialog, const std::vector<POINT>& points)
-{
-    std::size_t count = 0;
-    TapDetails(dialog);
-    TapDetails(dialog);
-    for (const POINT point : points)
-    {
-        ::ShowWindow(DetailsOf(dialog), SW_HIDE);
-        Tap(dialog, point);
-        if (IsShown(dialog, Details))
-            ++count;
-    }
-    return count;
-}
-
 // Opens the details of a report of this type, and then the step.
 int InDetails(unsigned int type, const CStep& step)
 {
@@ -72,6 +34,26 @@ ustring Field(int id)
     return text;
 }
 
+int g_toDestroy;
+
+// Before the details see the message.
+LRESULT CALLBACK DestroyAControl(int code, WPARAM wParam, LPARAM lParam)
+{
+    constexpr int label = 1026;   // which the report has not
+    const auto& call = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && call.message == WM_INITDIALOG && ::GetDlgItem(call.hwnd, label))
+        ::DestroyWindow(::GetDlgItem(call.hwnd, g_toDestroy));
+    return ::CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+class DetailsWithoutAControl : public ::testing::TestWithParam<int>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Control, DetailsWithoutAControl,
+                         ::testing::Values(IDCANCEL, 1005, 1007, 1008, 1009, 1010, 1011, 1012, 1020, 1021, 1022, 1023,
+                                           1024, 1025, 1026));
+
 // The result of the report whose details the step has to close.
 int AfterDetails(const CStep& close)
 {
@@ -79,158 +61,41 @@ int AfterDetails(const CStep& close)
 }
 }   // namespace
 
-TEST(ReportDetails, WithoutTaps_TheButtonIsHidden)
-{
-    bool shown = true;
-    Report(0, {[&](HWND dialog) { shown = IsShown(dialog, Details); }});
-    EXPECT_FALSE(shown);
-}
-
-TEST(ReportDetails, FirstTap_ShowsNothing)
-{
-    bool shown = true;
-    Report(0, {[&](HWND dialog)
-               {
-                   TapDetails(dialog);
-                   shown = IsShown(dialog, Details);
-               }});
-    EXPECT_FALSE(shown);
-}
-
-TEST(ReportDetails, SecondTap_ShowsTheButton)
-{
-    bool shown = false;
-    Report(0, {[&](HWND dialog)
-               {
-                   TapDetails(dialog);
-                   TapDetails(dialog);
-                   shown = IsShown(dialog, Details);
-               }});
-    EXPECT_TRUE(shown);
-}
-
-TEST(ReportDetails, SecondTapThatComesQuickly_ShowsTheButton)
-{
-    bool shown = false;
-    Report(0, {[&](HWND dialog)
-               {
-                   const RECT area = Place(dialog, DetailsOf(dialog));
-                   TapDetails(dialog);
-                   ::SendMessageW(dialog, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(area.left, area.top));
-                   shown = IsShown(dialog, Details);
-               }});
-    EXPECT_TRUE(shown);
-}
-
-TEST(ReportDetails, EveryLaterTap_ShowsTheButtonAgain)
-{
-    bool shown = false;
-    Report(0, {[&](HWND dialog)
-               {
-                   TapDetails(dialog);
-                   TapDetails(dialog);
-                   ::ShowWindow(DetailsOf(dialog), SW_HIDE);
-                   TapDetails(dialog);
-                   shown = IsShown(dialog, Details);
-               }});
-    EXPECT_TRUE(shown);
-}
-
-TEST(ReportDetails, TapsOnEveryEdgePixel_Count)
-{
-    std::size_t points = 0;
-    std::size_t shown = 0;
-    Report(0, {[&](HWND dialog)
-               {
-                   const std::vector<POINT> frame = Frame(Place(dialog, DetailsOf(dialog)));
-                   points = frame.size();
-                   shown = CountTapsThatShow(dialog, frame);
-               }});
-    EXPECT_LT(50u, points);
-    EXPECT_EQ(points, shown);
-}
-
-TEST(ReportDetails, TapsOnePixelOutside_DoNotCount)
-{
-    std::size_t shown = 1;
-    Report(0, {[&](HWND dialog)
-               {
-                   RECT area = Place(dialog, DetailsOf(dialog));
-                   ::InflateRect(&area, 1, 1);
-                   shown = CountTapsThatShow(dialog, Frame(area));
-               }});
-    EXPECT_EQ(0u, shown);
-}
-
-TEST(ReportDetails, TapOutsideBefore_DoesNotCount)
-{
-    bool shown = true;
-    Report(0, {[&](HWND dialog)
-               {
-                   Tap(dialog, {200, 200});
-                   TapDetails(dialog);
-                   shown = IsShown(dialog, Details);
-               }});
-    EXPECT_FALSE(shown);
-}
-
-TEST(ReportDetails, TapOutsideBetween_DoesNotReset)
-{
-    bool shown = false;
-    Report(0, {[&](HWND dialog)
-               {
-                   TapDetails(dialog);
-                   Tap(dialog, {200, 200});
-                   TapDetails(dialog);
-                   shown = IsShown(dialog, Details);
-               }});
-    EXPECT_TRUE(shown);
-}
-
-TEST(ReportDetails, TapLeftAndAboveOfTheDialog_HasNegativeCoordinates)
-{
-    bool shown = false;
-    Report(0, {[&](HWND dialog)
-               {
-                   ::SetWindowPos(DetailsOf(dialog), nullptr, -40, -30, 30, 20, SWP_NOZORDER);
-                   Tap(dialog, {-20, -20});
-                   Tap(dialog, {-20, -20});
-                   shown = (::GetWindowLongW(DetailsOf(dialog), GWL_STYLE) & WS_VISIBLE) != 0;
-               }});
-    EXPECT_TRUE(shown);
-}
-
-TEST(ReportDetails, EveryTap_IsHandled)
-{
-    INT_PTR handled = FALSE;
-    Report(0, {[&](HWND dialog) { handled = CDialog::DialogProc(dialog, WM_LBUTTONDOWN, 0, MAKELPARAM(200, 200)); }});
-    EXPECT_EQ(TRUE, handled);
-}
-
-TEST(ReportDetails, TapOfAnotherWindow_IsNotHandled)
-{
-    bool handled = true;
-    Report(0, {[&](HWND dialog)
-               {
-                   auto& object = dynamic_cast<CDialog&>(*CWnd::FindInstance(dialog));
-                   handled = object.OnDialogProc(DetailsOf(dialog), WM_LBUTTONDOWN, 0, 0);
-               }});
-    EXPECT_FALSE(handled);
-}
-
-TEST(ReportDetails, OtherCommands_AreNotHandled)
-{
-    INT_PTR handled = TRUE;
-    Report(0, {[&](HWND dialog) { handled = CDialog::DialogProc(dialog, WM_COMMAND, 1004, 0); }});
-    EXPECT_EQ(FALSE, handled);
-}
-
 TEST(ReportDetails, Title_IsTheApplicationsName)
 {
     CStdException::SetAppName(L"Level meter");
     ustring title;
     InDetails(0, [&](HWND details) { title = Text(details); });
     EXPECT_EQ(ustring(L"Level meter"), title);
+}
+
+TEST(ReportDetails, Title_IsNotTranslated)
+{
+    CStdException::SetAppName(L"Level meter");
+    CTranslatorInstance::Ref().m_langFile[L"Level meter"] = L"Pegelmesser";
+    ustring title;
+    InDetails(0, [&](HWND details) { title = Text(details); });
+    EXPECT_EQ(ustring(L"Level meter"), title);
+}
+
+TEST(ReportDetails, Fields_AreNotTranslated)
+{
+    CTranslatorInstance::Ref().m_langFile[L"vantor::Start"] = L"translated";
+    EXPECT_EQ(ustring(L"vantor::Start"), Field(Function));
+}
+
+TEST(ReportDetails, File2Field_IsTheReportersTextAsItWasThen)
+{
+    wchar_t text[] = L"trace 7.csv";
+    ustring shown;
+    Drive({[&](HWND dialog)
+           {
+               text[6] = L'8';
+               OpenDetails(dialog);
+           },
+           [&](HWND details) { shown = ItemText(details, File2); }},
+          [&text] { return Failure().ReportError(nullptr, 0, text, 0); });
+    EXPECT_EQ(ustring(L"trace 7.csv"), shown);
 }
 
 TEST(ReportDetails, SourceField)
@@ -399,4 +264,37 @@ TEST(ReportDetails, Closed_AreNoLongerRegistered)
         });
     EXPECT_TRUE(registered);
     EXPECT_EQ(nullptr, CWnd::FindInstance(window));
+}
+
+TEST(ReportDetails, Tap_IsNotHandled)
+{
+    INT_PTR handled = TRUE;
+    InDetails(0,
+              [&](HWND details) { handled = CDialog::DialogProc(details, WM_LBUTTONDOWN, 0, MAKELPARAM(200, 200)); });
+    EXPECT_EQ(FALSE, handled);
+}
+
+TEST_P(DetailsWithoutAControl, WorkWithTheOthers)
+{
+    g_toDestroy = GetParam();
+    const int other = GetParam() == Function ? Source : Function;
+    ustring text;
+    const std::vector<CStep> steps = {OpenDetails,
+                                      [&](HWND details)
+                                      {
+                                          ::SetWindowPos(details, nullptr, 0, 0, 300, 300, 0);
+                                          EXPECT_EQ(nullptr, ::GetDlgItem(details, GetParam()));
+                                          text = ItemText(details, other);
+                                          PressEscape(details);
+                                      },
+                                      Pressing(IDNO)};
+    const auto action = []
+    {
+        const HHOOK hook = ::SetWindowsHookExW(WH_CALLWNDPROC, &DestroyAControl, nullptr, ::GetCurrentThreadId());
+        const int result = Failure().ReportError(nullptr, MB_YESNO, L"", 0);
+        ::UnhookWindowsHookEx(hook);
+        return result;
+    };
+    EXPECT_EQ(IDNO, Drive(steps, action));
+    EXPECT_EQ(ustring(other == Source ? L"Link" : L"vantor::Start"), text);
 }

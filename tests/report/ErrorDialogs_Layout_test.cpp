@@ -4,10 +4,11 @@
 
 #include "support/ImportPatch.h"
 
+#include <vantor/Dialog.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 
 using namespace vantor;
 
@@ -123,13 +124,14 @@ std::vector<RECT> PlacesBelowTheBar(HWND dialog)
 
 std::vector<RECT> g_before;
 std::vector<RECT> g_after;
+INT_PTR g_handled = FALSE;
 
 BOOL CALLBACK SendSize(HWND window, LPARAM)
 {
     if (!::GetDlgItem(window, Details) || !g_before.empty())
         return TRUE;
     g_before = PlacesBelowTheBar(window);
-    ::SendMessageW(window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(500, 400));
+    g_handled = CDialog::DialogProc(window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(500, 400));
     g_after = PlacesBelowTheBar(window);
     return FALSE;
 }
@@ -140,6 +142,14 @@ int WINAPI ResizingLoadString(HINSTANCE module, UINT id, LPWSTR buffer, int size
     if (id == 106)
         ::EnumThreadWindows(::GetCurrentThreadId(), &SendSize, 0);
     return ::LoadStringW(module, id, buffer, size);
+}
+
+void ExpectBar(const RECT& bar, LONG width)
+{
+    EXPECT_EQ(0, bar.left);
+    EXPECT_EQ(0, bar.top);
+    EXPECT_EQ(width, bar.right);
+    EXPECT_EQ(::GetSystemMetrics(SM_CYCAPTION), bar.bottom);
 }
 
 bool Same(const std::vector<RECT>& one, const std::vector<RECT>& other)
@@ -177,6 +187,16 @@ TEST_P(Layout, Details_FollowTheirSize)
                    }});
 }
 
+TEST_P(Layout, Details_FollowTheirSizeFromAnotherSizeToo)
+{
+    Report(MB_OK, {OpenDetails, [](HWND details)
+                   {
+                       Resize(details, InfoHeight, {333, -7});
+                       Resize(details, InfoHeight, GetParam());
+                       ExpectPlaces(details, InfoRules, GetParam());
+                   }});
+}
+
 TEST_P(Layout, CaptionBar_KeepsItsHeightAndTakesTheWidth)
 {
     RECT bar = {};
@@ -187,10 +207,51 @@ TEST_P(Layout, CaptionBar_KeepsItsHeightAndTakesTheWidth)
                        bar = Place(dialog, ::GetDlgItem(dialog, Caption));
                        width = TemplateSize(dialog, ReportHeight).cx + GetParam().cx;
                    }});
-    EXPECT_EQ(0, bar.left);
-    EXPECT_EQ(0, bar.top);
-    EXPECT_EQ(width, bar.right);
-    EXPECT_EQ(::GetSystemMetrics(SM_CYCAPTION), bar.bottom);
+    ExpectBar(bar, width);
+}
+
+TEST_P(Layout, CaptionBarOfTheDetails_KeepsItsHeightAndTakesTheWidth)
+{
+    RECT bar = {};
+    LONG width = 0;
+    Report(MB_OK, {OpenDetails, [&](HWND details)
+                   {
+                       Resize(details, InfoHeight, GetParam());
+                       bar = Place(details, ::GetDlgItem(details, Caption));
+                       width = TemplateSize(details, InfoHeight).cx + GetParam().cx;
+                   }});
+    ExpectBar(bar, width);
+}
+
+TEST(ReportLayout, Resize_IsHandled)
+{
+    INT_PTR handled = FALSE;
+    Report(MB_OK,
+           {[&](HWND dialog) { handled = CDialog::DialogProc(dialog, WM_SIZE, SIZE_RESTORED, MAKELPARAM(300, 300)); }});
+    EXPECT_EQ(TRUE, handled);
+}
+
+TEST(ReportLayout, Details_ResizeIsHandled)
+{
+    INT_PTR handled = FALSE;
+    Report(MB_OK, {OpenDetails, [&](HWND details)
+                   { handled = CDialog::DialogProc(details, WM_SIZE, SIZE_RESTORED, MAKELPARAM(300, 300)); }});
+    EXPECT_EQ(TRUE, handled);
+}
+
+TEST(ReportLayout, ResizeOfAnotherWindow_MovesNothing)
+{
+    bool handled = true;
+    bool same = false;
+    Report(MB_OK, {[&](HWND dialog)
+                   {
+                       const std::vector<RECT> before = Places(dialog);
+                       auto& object = dynamic_cast<CDialog&>(*CWnd::FindInstance(dialog));
+                       handled = object.OnDialogProc(::GetDesktopWindow(), WM_SIZE, 0, MAKELPARAM(300, 300));
+                       same = Same(before, Places(dialog));
+                   }});
+    EXPECT_FALSE(handled);
+    EXPECT_TRUE(same);
 }
 
 TEST(ReportLayout, OnTheScreen_IsLaidOutForTheScreen)
@@ -250,4 +311,5 @@ TEST(ReportLayout, ResizeBeforeTheDialogIsInitialised_MovesNothing)
     Report(MB_OK, {});
     EXPECT_EQ(8u, g_before.size());
     EXPECT_TRUE(Same(g_before, g_after));
+    EXPECT_EQ(TRUE, g_handled);
 }

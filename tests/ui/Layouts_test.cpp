@@ -44,7 +44,7 @@ protected:
     {
         support::UseOwnDesktop();
         m_parent =
-            ::CreateWindowExW(0, L"STATIC", L"title", WS_POPUP, 0, 0, 200, 100, nullptr, nullptr, nullptr, nullptr);
+            ::CreateWindowExW(0, L"STATIC", L"title", WS_POPUP, 30, 40, 200, 100, nullptr, nullptr, nullptr, nullptr);
         m_bar.Create(m_parent, 77, 88, Module(), 7, 26);
         m_bar.EnableCaption(false);
     }
@@ -153,12 +153,18 @@ TEST_F(CaptionCtrlLayout, HasTheButtonsBitsTheHeightAndTheLook)
     EXPECT_EQ(1, At<unsigned char>(&m_bar, Enabled));
 }
 
+// In the parent's client coordinates. Create always makes the bar at their origin, applications may not.
 TEST_F(CaptionCtrlLayout, HasTheOriginLast)
 {
-    const POINT origin = At<POINT>(&m_bar, Origin);   // the bar lies at the parent's
-    EXPECT_EQ(0, origin.x);
-    EXPECT_EQ(0, origin.y);
+    CCaptionCtrl bar;
+    const HWND window = ::CreateWindowExW(0, L"CaptionCtrl32", L"", WS_CHILD, 7, 9, 100, 20, m_parent, nullptr,
+                                          ::GetModuleHandleW(L"vantor.dll"), &bar);
+    EXPECT_NE(nullptr, window);
+    const POINT origin = At<POINT>(&bar, Origin);
+    EXPECT_EQ(7, origin.x);
+    EXPECT_EQ(9, origin.y);
     EXPECT_EQ(RoundedUp(Origin + sizeof origin), sizeof(CCaptionCtrl));
+    ::DestroyWindow(window);
 }
 
 TEST(MyCaptionCtrlLayout, HasItsOwnerBehindTheBar)
