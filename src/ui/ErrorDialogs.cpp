@@ -5,6 +5,9 @@
 
 #include "../../res/resource.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace vantor
 {
 namespace
@@ -100,9 +103,14 @@ bool CErrorReportDlg::OnInitDialog()
 
 void CErrorReportDlg::SetUpButtons()
 {
+    const CButtonGroup group = GroupOf(m_report.type);
     for (const int id : Buttons)
-        ::ShowWindow(::GetDlgItem(m_hWnd, id), SW_HIDE);
-    for (const CCommand& shown : GroupOf(m_report.type).shown)
+    {
+        const auto isThis = [id](const CCommand& shown) { return shown.control == id; };
+        if (std::none_of(std::begin(group.shown), std::end(group.shown), isThis))
+            ::ShowWindow(::GetDlgItem(m_hWnd, id), SW_HIDE);
+    }
+    for (const CCommand& shown : group.shown)
     {
         if (shown.control == 0)
             break;
@@ -114,7 +122,7 @@ void CErrorReportDlg::SetUpButtons()
         SetDlgCtrlId(button, shown.command);
     }
     // The template's default button may be hidden, and has lost its number: the return key means the first shown.
-    ::SendMessageW(m_hWnd, DM_SETDEFID, GroupOf(m_report.type).shown[0].command, 0);
+    ::SendMessageW(m_hWnd, DM_SETDEFID, group.shown[0].command, 0);
 }
 
 // A box without a Cancel button cannot be cancelled by key, except the plain OK box.
