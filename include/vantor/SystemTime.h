@@ -142,7 +142,7 @@ public:
     ustring GetDateFormatW(LCID locale, DWORD flags, const wchar_t* picture) const;
 
     // In the words and forms of the locale. "#" after the "%" drops leading zeros, and makes the date of %c and %x
-    // long. Any other letter gives nothing.
+    // long. Any other code gives nothing.
     // clang-format off
     //
     //     %Y  year                   %A  weekday              %c  date and time, as the locale has them
