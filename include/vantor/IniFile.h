@@ -3,7 +3,7 @@
 //
 //     CIniFile settings(L"\\Storage\\meter.ini");                             // made if it is missing
 //     const int average = settings.GetInt(L"Sweep", L"Average", 16);         // 16 if it is not there
-//     settings.WriteString(L"Link", L"Port", L"COM3");                        // on the card when this returns
+//     settings.WriteString(L"Link", L"Port", L"COM3");                        // in the file when this returns
 
 #ifndef VANTOR_INIFILE_H
 #define VANTOR_INIFILE_H
@@ -27,7 +27,8 @@ namespace vantor
 // A file that begins with FF FE is UTF-16, any other UTF-8, and stays what it is. Written lines end with CR LF.
 //
 // Null names, keys and values are empty ones. What fails throws the CWinException of CFile. A failed write leaves the
-// file cut short, in the worst case empty: what it held is lost, other than in the copy that Save can write again.
+// file cut short, in the worst case empty: what it held is then only in memory, and Save can write it again until
+// anything else is called.
 class VANTOR_API CIniFile
 {
 public:

@@ -1,7 +1,6 @@
 // The language file beside the executable: small programs of their own, each copied to a folder with or without one.
 
-#include "ChildProcess.h"
-
+#include "support/ChildProcess.h"
 #include "support/TempFolder.h"
 
 #include <vantor/Translator.h>

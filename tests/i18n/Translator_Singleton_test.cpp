@@ -1,7 +1,6 @@
 // The singleton that rises again: with types of the test's own, and, for the end of the process, in small programs.
 
-#include "ChildProcess.h"
-
+#include "support/ChildProcess.h"
 #include "support/TempFolder.h"
 
 #include <vantor/Translator.h>

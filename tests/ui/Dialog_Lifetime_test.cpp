@@ -3,7 +3,7 @@
 #include "Dialogs.h"
 #include "Templates.h"
 
-#include "i18n/ChildProcess.h"
+#include "support/ChildProcess.h"
 #include "support/Leaks.h"
 #include "support/MessagePump.h"
 
