@@ -179,6 +179,33 @@ void MeasureLanguageFiles()
             });
     CFile::Remove(path.c_str());
 }
+
+// Of a file with so many entries; the last one is wanted. Beside it what the system itself offers for that.
+void MeasureIniFiles()
+{
+    ustring folder, path;
+    CFile::GetTempPathW(folder);
+    CFile::GetTempFileNameW(folder.c_str(), L"ini", 0, path);
+    const auto onFile = [&path](const std::function<void()>& work)
+    {
+        return [&path, work](std::size_t size)
+        {
+            WriteBytes(path, L"\uFEFF[Sweep]\r\n" + Repeated(L"key=value ; comment\r\n", size) + L"last=1\r\n");
+            return work;
+        };
+    };
+    Measure("INI file, get", onFile([&path] { CIniFile(path.c_str()).GetString(L"Sweep", L"last", L""); }));
+    Measure("INI file, get, by the system",
+            onFile(
+                [&path]
+                {
+                    wchar_t value[16];
+                    ::WritePrivateProfileStringW(nullptr, nullptr, nullptr, path.c_str());   // forgets what it has kept
+                    ::GetPrivateProfileStringW(L"Sweep", L"last", L"", value, 16, path.c_str());
+                }));
+    Measure("INI file, write", onFile([&path] { CIniFile(path.c_str()).WriteString(L"Sweep", L"last", L"2"); }));
+    CFile::Remove(path.c_str());
+}
 }   // namespace
 
 int main()
@@ -190,4 +217,5 @@ int main()
     MeasureStrings();
     MeasureErrorTexts();
     MeasureLanguageFiles();
+    MeasureIniFiles();
 }
