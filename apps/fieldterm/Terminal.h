@@ -6,6 +6,7 @@
 
 #include <Link.h>
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -25,14 +26,18 @@ public:
     // an answer; CWinException with ERROR_TIMEOUT if none came, or with whatever failed on the line.
     std::vector<std::string> Execute(const std::string& command);
 
-    // The next reading of a sweep; those that came between answers are not lost. Throws as Execute does.
+    // The next reading of a sweep; of those that came between answers the last ten thousand are kept. Throws as Execute
+    // does. time: milliseconds.
     std::string NextReading(unsigned long time);
 
 private:
     class CLoggedLink;
 
-    void Connect();
+    template <class Operation>
+    auto OnConnection(Operation operation) -> decltype(operation());
     void Disconnect();
+    void Send(const std::string& line);
+    std::string Receive(unsigned long start, unsigned long time);
     void Resynchronise();
     std::string NextAnswer(unsigned long start);
     std::vector<std::string> Answer(unsigned long start);
@@ -42,7 +47,7 @@ private:
     vantor::CLogFile& m_log;
     std::unique_ptr<link::CLink> m_link;
     std::optional<link::CLines> m_lines;
-    std::vector<std::string> m_readings;
+    std::deque<std::string> m_readings;
     bool m_late = false;   // an answer may still come
     unsigned int m_token = 0;
 };

@@ -1,9 +1,8 @@
 // fieldterm: talks to a receiver over TCP or a serial port. Commands come from the command line or, without any, line
 // by line from the input. "watch N" prints the next N readings of a sweep.
 
+#include "CommandLine.h"
 #include "Terminal.h"
-
-#include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <iostream>
@@ -12,12 +11,16 @@ namespace
 {
 using namespace vantor;
 
-CEvent* g_cancel = nullptr;
+// Set by Ctrl-C: whatever is waited for ends with an exception.
+CEvent& Cancel()
+{
+    static CEvent cancel(nullptr, TRUE, FALSE, nullptr);
+    return cancel;
+}
 
-// Ctrl-C: whatever is waited for ends with an exception.
 BOOL WINAPI OnControl(DWORD) noexcept
 {
-    g_cancel->Set();
+    Cancel().Set();
     return TRUE;
 }
 
@@ -29,13 +32,14 @@ struct COptions
     std::vector<std::string> commands;
 };
 
-std::unique_ptr<link::CLink> Connect(const COptions& options, CEvent& cancel)
+std::unique_ptr<link::CLink> Connect(const COptions& options)
 {
     if (!options.com.empty())
-        return link::OpenPort(ustring(options.com, CP_UTF8, 0), options.baud, cancel);
+        return link::OpenPort(ustring(options.com, CP_UTF8, 0), options.baud, Cancel());
     const std::size_t colon = options.tcp.rfind(':');
     return link::Connect(options.tcp.substr(0, colon).c_str(),
-                         static_cast<unsigned short>(std::stoul(options.tcp.substr(colon + 1))), options.time, cancel);
+                         static_cast<unsigned short>(std::stoul(options.tcp.substr(colon + 1))), options.time,
+                         Cancel());
 }
 
 std::string CheckHost(const std::string& text)
@@ -57,7 +61,7 @@ public:
     {
         std::printf("> %s\n", command.c_str());
         if (command.rfind("watch ", 0) == 0)
-            Watch(std::strtoul(command.c_str() + 6, nullptr, 10));
+            Watch(command.substr(6));
         else
             Print(m_terminal.Execute(command));
         return true;
@@ -76,10 +80,17 @@ public:
     bool HasFailed() const { return m_failed; }
 
 private:
-    void Watch(unsigned long count)
+    void Watch(const std::string& number)
     {
         constexpr unsigned long longestInterval = 15000;   // milliseconds; a receiver's is at most ten seconds
-        while (count-- > 0)
+        const bool isNumber =
+            !number.empty() && number.size() < 10 && number.find_first_not_of("0123456789") == number.npos;
+        if (!isNumber)
+        {
+            std::puts("! watch wants a number");
+            m_failed = true;
+        }
+        for (unsigned long count = isNumber ? std::stoul(number) : 0; count > 0; --count)
             Print({m_terminal.NextReading(longestInterval)});
     }
 
@@ -105,8 +116,6 @@ private:
 
 int Run(const COptions& options)
 {
-    CEvent cancel(nullptr, TRUE, FALSE, nullptr);
-    g_cancel = &cancel;
     ::SetConsoleCtrlHandler(&OnControl, TRUE);
 
     CLogFile log;
@@ -115,7 +124,7 @@ int Run(const COptions& options)
         std::fprintf(stderr, "fieldterm: the log %s cannot be opened\n", options.log.c_str());
         return 2;
     }
-    fieldterm::CTerminal terminal([&] { return Connect(options, cancel); }, options.time, log);
+    fieldterm::CTerminal terminal([&options] { return Connect(options); }, options.time, log);
     CConsole console(terminal);
     if (!options.commands.empty())
     {
@@ -139,10 +148,10 @@ int Run(const COptions& options)
 }
 }   // namespace
 
-int main(int count, char** arguments)
+int wmain(int count, wchar_t** arguments)
 {
     COptions options;
-    CLI::App app{"Talks to a receiver. Ends with 1 if a command failed."};
+    CLI::App app{"Talks to a receiver. Ends with 1 if a command failed.", "fieldterm"};
     auto* const tcp = app.add_option("--tcp", options.tcp, "HOST:PORT")->check(CheckHost);
     auto* const com =
         app.add_option("--com", options.com, "serial port: COM3:, from COM10 on \\\\.\\COM12")->excludes(tcp);
@@ -152,7 +161,8 @@ int main(int count, char** arguments)
         ->capture_default_str();
     app.add_option("--log", options.log, "file that the traffic is appended to");
     app.add_option("commands", options.commands, "what the receiver is told; without any: the lines of the input");
-    CLI11_PARSE(app, count, arguments);
+    if (const int result = command_line::Parse(app, count, arguments))
+        return result < 0 ? 0 : result;
     if (tcp->empty() && com->empty())
     {
         std::fputs("fieldterm: needs --tcp or --com (--help says more)\n", stderr);

@@ -1,6 +1,7 @@
 #include "Link.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace link
 {
@@ -18,19 +19,25 @@ constexpr std::size_t LongestLine = 4096;
 
 bool CLines::Take(std::string& line)
 {
-    const std::size_t end = m_received.find('\n');
-    if (end == m_received.npos)
+    for (;;)
     {
-        if (m_received.size() <= LongestLine)
+        const std::size_t end = m_received.find('\n');
+        const bool isTooLong = std::min(end, m_received.size()) > LongestLine;
+        if (end == m_received.npos && !isTooLong && !m_skipping)
             return false;
-        m_received.clear();
-        Fail(25, L"link::CLines::Receive", ERROR_INVALID_DATA);
+        line = m_received.substr(0, end);
+        m_received.erase(0, line.size() + 1);
+        const bool wasSkipping = std::exchange(m_skipping, end == line.npos);
+        if (isTooLong && !wasSkipping)
+            Fail(25, L"link::CLines::Receive", ERROR_INVALID_DATA);
+        if (m_skipping)
+            return false;
+        if (wasSkipping)
+            continue;
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        return true;
     }
-    line = m_received.substr(0, end);
-    if (!line.empty() && line.back() == '\r')
-        line.pop_back();
-    m_received.erase(0, end + 1);
-    return true;
 }
 
 bool CLines::Receive(std::string& line, unsigned long time)

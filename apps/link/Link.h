@@ -35,7 +35,8 @@ public:
     virtual void Drop() = 0;
 };
 
-// Throws ERROR_TIMEOUT if nobody answers within the time (milliseconds). The host is a name or a dotted address.
+// Throws ERROR_TIMEOUT if nobody answers within the time (milliseconds). The host is a dotted address, or a name:
+// asking for that takes the system as long as it likes, and cannot be cancelled.
 std::unique_ptr<CLink> Connect(const char* host, unsigned short port, unsigned long time, vantor::CEvent& cancel);
 // Takes a connection that accept() made.
 std::unique_ptr<CLink> Accepted(SOCKET socket, vantor::CEvent& cancel);
@@ -44,7 +45,7 @@ std::unique_ptr<CLink> Accepted(SOCKET socket, vantor::CEvent& cancel);
 std::unique_ptr<CLink> OpenPort(const vantor::ustring& port, unsigned long baud, vantor::CEvent& cancel);
 
 // Lines that end with CR LF, LF alone understood. A line of more than 4096 bytes is none: it throws ERROR_INVALID_DATA
-// and is forgotten.
+// once, and is skipped to its end.
 class CLines
 {
 public:
@@ -58,6 +59,7 @@ private:
 
     CLink& m_link;
     std::string m_received;
+    bool m_skipping = false;   // the rest of a line that is too long
 };
 
 // Milliseconds that are left of a time span that began at `start` (GetTickCount); 0 when it is over.

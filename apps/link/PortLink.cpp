@@ -8,7 +8,9 @@ using namespace vantor;
 
 namespace
 {
-constexpr unsigned long Slice = 50;   // milliseconds of one read: how long a cancelled wait goes on at most
+constexpr unsigned long Slice = 50;       // milliseconds of one read: how long a cancelled wait goes on at most
+constexpr unsigned long BytesApart = 5;   // milliseconds: a longer pause ends a read
+constexpr std::size_t Piece = 256;        // bytes of one write, for the same reason as slices
 
 [[noreturn]] void Fail(unsigned int line, const wchar_t* function, unsigned long error)
 {
@@ -27,7 +29,19 @@ public:
         dcb.ByteSize = 8;
         dcb.Parity = NOPARITY;
         dcb.StopBits = ONESTOPBIT;
+        // No flow control, and nothing of what another program has left: every byte passes as it is.
         dcb.fBinary = TRUE;
+        dcb.fParity = FALSE;
+        dcb.fOutxCtsFlow = FALSE;
+        dcb.fOutxDsrFlow = FALSE;
+        dcb.fDtrControl = DTR_CONTROL_ENABLE;
+        dcb.fDsrSensitivity = FALSE;
+        dcb.fOutX = FALSE;
+        dcb.fInX = FALSE;
+        dcb.fErrorChar = FALSE;
+        dcb.fNull = FALSE;
+        dcb.fRtsControl = RTS_CONTROL_ENABLE;
+        dcb.fAbortOnError = FALSE;
         m_port.SetCommState(dcb);
         SetReadTime(Slice);
         m_port.PurgeComm(PURGE_RXCLEAR | PURGE_TXCLEAR);
@@ -38,8 +52,7 @@ public:
         const unsigned long start = ::GetTickCount();
         for (;;)
         {
-            if (::WaitForSingleObject(m_cancel, 0) == WAIT_OBJECT_0)
-                Fail(42, L"link::CLink", ERROR_CANCELLED);
+            ThrowIfCancelled();
             const unsigned long left = Left(start, time);
             SetReadTime(std::clamp(left, 1UL, Slice));
             unsigned int done = 0;
@@ -53,8 +66,10 @@ public:
     {
         for (std::size_t sent = 0; sent < bytes.size();)
         {
+            ThrowIfCancelled();
+            const std::size_t size = std::min(bytes.size() - sent, Piece);
             unsigned int done = 0;
-            m_port.Write(bytes.data() + sent, static_cast<unsigned int>(bytes.size() - sent), done, nullptr);
+            m_port.Write(bytes.data() + sent, static_cast<unsigned int>(size), done, nullptr);
             if (done == 0)
                 Fail(60, L"WriteFile", ERROR_TIMEOUT);
             sent += done;
@@ -64,12 +79,18 @@ public:
     void Drop() override {}
 
 private:
-    // A read returns what is there, or waits that long for the first byte.
+    void ThrowIfCancelled()
+    {
+        if (::WaitForSingleObject(m_cancel, 0) == WAIT_OBJECT_0)
+            Fail(42, L"link::CLink", ERROR_CANCELLED);
+    }
+
+    // A read waits that long for bytes, and ends soon after the last of those that come in one go.
     void SetReadTime(unsigned long time)
     {
         if (time == m_readTime)
             return;
-        m_port.SetCommTimeouts({MAXDWORD, MAXDWORD, time, 1, 1000});
+        m_port.SetCommTimeouts({BytesApart, 0, time, 1, 1000});
         m_readTime = time;
     }
 

@@ -1,6 +1,7 @@
 #include "Link.h"
 
 #include <cstring>
+#include <utility>
 
 namespace link
 {
@@ -21,20 +22,13 @@ class CTcpLink : public CLink
 public:
     CTcpLink(SOCKET socket, CEvent& cancel) : m_cancel(cancel) { m_socket.m_socket = socket; }
 
-    ~CTcpLink() noexcept(false) override
-    {
-        try
-        {
-            Drop();
-        }
-        catch (const CStdException&)   // it is closed all the same
-        {
-        }
-    }
+    ~CTcpLink() noexcept(false) override { CTcpLink::Drop(); }
 
     // One receive is under way at a time. It outlives a time-out, so that nothing is lost that comes later.
     std::string Receive(unsigned long time) override
     {
+        if (::WaitForSingleObject(m_cancel, 0) == WAIT_OBJECT_0)
+            FailAsCancelled();
         if (!m_receiving)
         {
             unsigned int done = 0;
@@ -76,23 +70,30 @@ public:
 
     void Drop() override
     {
-        const bool receiving = m_receiving;
-        m_receiving = false;
-        m_socket.Close();
+        const bool receiving = std::exchange(m_receiving, false);
+        try
+        {
+            m_socket.Close();
+        }
+        catch (const CStdException&)   // it is closed all the same
+        {
+        }
         if (receiving)
             ::WaitForSingleObject(m_receive.hEvent, SendTime);   // the buffer is the system's until then
     }
 
 private:
+    [[noreturn]] static void FailAsCancelled() { Fail(92, L"link::CLink", ERROR_CANCELLED); }
+
     bool Await(HANDLE operation, unsigned long time)
     {
-        const HANDLE events[] = {operation, m_cancel};
+        const HANDLE events[] = {m_cancel, operation};
         switch (::WaitForMultipleObjects(2, events, FALSE, time))
         {
         case WAIT_OBJECT_0:
-            return true;
+            FailAsCancelled();
         case WAIT_OBJECT_0 + 1:
-            Fail(92, L"link::CLink", ERROR_CANCELLED);
+            return true;
         case WAIT_TIMEOUT:
             return false;
         default:

@@ -13,23 +13,6 @@ using namespace vantor;
 
 namespace
 {
-// Rows of the receiver's table.
-enum EReply : std::size_t
-{
-    eWrongCommand = 0,
-    eFirstMissed = 1,
-    eWrongFirst = 2,
-    eWrongSecond = 4,
-    eValueMissed = 5,
-    eOutOfRange = 6,
-    eWrongFileName = 7,
-    eFileOpenError = 8,
-    eFileExists = 11,
-    eCannotRemove = 13,
-    eInProgress = 26,
-    eNotSupported = 29,
-};
-
 struct CRange
 {
     const char* name;
@@ -73,7 +56,7 @@ std::string Fixed(double value)
 }
 }   // namespace
 
-std::string Reply(std::size_t row)
+std::string Reply(EReply row)
 {
     return ustring::WideCharToMultiByte(CCommException::m_aINT2UI[row].replyText, CP_UTF8, 0);
 }
@@ -205,8 +188,8 @@ std::string CReceiver::Remove(const CWords& words)
 long CReceiver::Frequency(long index) const
 {
     const long start = m_parameters.at("start");
-    const long stop = m_parameters.at("stop");
-    return start + (stop - start) * index / (m_parameters.at("points") - 1);
+    const long long span = m_parameters.at("stop") - start;
+    return start + static_cast<long>(span * index / (m_parameters.at("points") - 1));
 }
 
 // Made up: noise around -95 dBm, and two transmitters, at 94.3 and at 101.1 MHz.

@@ -4,7 +4,7 @@
 // are the receiver's replies, "{2,,text}".
 //
 //     ident                     OK RXSIM,1.0,0042
-//     echo TEXT                 OK TEXT
+//     echo WORD                 OK WORD
 //     get NAME                  OK value
 //     set NAME VALUE            OK                    start, stop (kHz), points, interval (ms between two readings)
 //     sweep start               OK                    then a line "L index frequency level" (kHz, dBm) each interval
@@ -24,8 +24,27 @@
 
 namespace rxsim
 {
-// The reply of the receiver's table with this number, 0 to 34; narrow, as it goes over the line.
-std::string Reply(std::size_t row);
+// Rows of the receiver's table, 0 to 34.
+enum EReply : unsigned int
+{
+    eWrongCommand = 0,
+    eFirstMissed = 1,
+    eWrongFirst = 2,
+    eSecondMissed = 3,
+    eWrongSecond = 4,
+    eValueMissed = 5,
+    eOutOfRange = 6,
+    eWrongFileName = 7,
+    eFileOpenError = 8,
+    eFileExists = 11,
+    eCannotRemove = 13,
+    eAccessDenied = 25,
+    eInProgress = 26,
+    eNotSupported = 29,
+};
+
+// As it goes over the line.
+std::string Reply(EReply row);
 
 // One thread at a time.
 class CReceiver
@@ -55,7 +74,7 @@ private:
     std::string List() const;
     std::string Remove(const CWords& words);
 
-    long Frequency(long index) const;
+    long Frequency(long index) const;   // kHz
     double Level(long frequency);
 
     std::map<std::string, long> m_parameters = {{"interval", 100}, {"points", 11}, {"start", 88000}, {"stop", 108000}};

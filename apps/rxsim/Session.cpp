@@ -1,7 +1,9 @@
 #include "Session.h"
 
 #include <algorithm>
+#include <iterator>
 #include <sstream>
+#include <utility>
 
 namespace rxsim
 {
@@ -9,7 +11,8 @@ using namespace vantor;
 
 namespace
 {
-constexpr unsigned long Patience = 200;   // milliseconds between two looks for something to do
+constexpr unsigned long Patience = 200;         // milliseconds between two looks for something to do
+constexpr unsigned long LongestDelay = 60000;   // milliseconds
 
 class CLock
 {
@@ -31,28 +34,41 @@ public:
     {
     }
 
-    void Run()
-    {
-        std::string command;
-        while (!m_ended)
-        {
-            const unsigned long wait = m_streaming ? link::Left(m_lastReading, Interval()) : Patience;
-            if (m_lines.Receive(command, wait))
-                Answer(command);
-            else if (m_streaming)
-                SendReading();
-        }
-    }
-
     // The sweep belongs to the session that began it.
-    void End()
+    ~CSession()
     {
         const CLock lock(m_shared.section);
         if (m_streaming)
             m_shared.receiver.StopSweep();
     }
 
+    void Run()
+    {
+        std::string command;
+        while (!m_ended)
+        {
+            const unsigned long wait = m_streaming ? link::Left(m_lastReading, Interval()) : Patience;
+            if (ReceiveCommand(command, wait))
+                Answer(command);
+            else if (m_streaming)
+                SendReading();
+        }
+    }
+
 private:
+    bool ReceiveCommand(std::string& command, unsigned long time)
+    try
+    {
+        return m_lines.Receive(command, time);
+    }
+    catch (const CWinException& e)
+    {
+        if (e.GetErrorCode() != ERROR_INVALID_DATA)
+            throw;
+        command.clear();   // a line too long is a wrong command like any other
+        return true;
+    }
+
     unsigned long Interval()
     {
         const CLock lock(m_shared.section);
@@ -74,6 +90,8 @@ private:
     {
         const CLock lock(m_shared.section);
         const bool before = m_shared.receiver.IsSweeping();
+        if (before && !m_streaming && command.rfind("sweep", 0) == 0)
+            return Reply(eAccessDenied);   // another session's
         const std::string answer = m_shared.receiver.Execute(command);
         const bool after = m_shared.receiver.IsSweeping();
         if (before != after)
@@ -99,7 +117,7 @@ private:
         else
         {
             const std::string fault = std::exchange(m_fault, std::string());
-            Misbehave(fault, fault == "reply" ? Reply(m_value) : Execute(command));
+            Misbehave(fault, fault == "reply" ? Reply(static_cast<EReply>(m_value)) : Execute(command));
         }
     }
 
@@ -108,16 +126,22 @@ private:
     {
         static constexpr const char* Kinds[] = {"delay", "silence", "half", "garbage", "drop", "reply"};
 
-        std::string kind;
+        std::string kind, number;
         if (!(words >> kind))
-            return Reply(1);
+            return Reply(eFirstMissed);
         if (std::find(std::begin(Kinds), std::end(Kinds), kind) == std::end(Kinds))
-            return Reply(2);
+            return Reply(eWrongFirst);
         unsigned long value = 0;
-        if ((kind == "delay" || kind == "reply") && !(words >> value))
-            return Reply(3);
-        if (value > 60000 || (kind == "reply" && value >= CCommException::ReplyCount))
-            return Reply(6);
+        if (kind == "delay" || kind == "reply")
+        {
+            if (!(words >> number))
+                return Reply(eSecondMissed);
+            if (number.size() > 9 || number.find_first_not_of("0123456789") != number.npos)
+                return Reply(eWrongSecond);
+            value = std::stoul(number);
+        }
+        if (value > LongestDelay || (kind == "reply" && value >= CCommException::ReplyCount))
+            return Reply(eOutOfRange);
         m_fault = kind;
         m_value = value;
         return "OK";
@@ -166,11 +190,9 @@ void Serve(link::CLink& link, CSharedReceiver& shared, CEvent& cancel)
     try
     {
         session.Run();
-        session.End();
     }
     catch (const CWinException& e)
     {
-        session.End();
         if (!IsEndOfSession(e.GetErrorCode()))
             throw;
     }

@@ -1,12 +1,13 @@
 // rxsim: a measuring receiver for those who have none at hand, on a TCP port of this machine, on a serial port, or
 // both. Listening has no class in the library: it is done with the platform's calls, and the connections become links.
 
+#include "CommandLine.h"
 #include "Session.h"
 
-#include <CLI/CLI.hpp>
-
-#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <sstream>
 
 namespace
 {
@@ -14,12 +15,22 @@ using namespace vantor;
 
 constexpr unsigned long Slice = 100;   // milliseconds: how long a stop waits for the listener at most
 
-CEvent* g_stop = nullptr;
+// Set by Ctrl-C, and when a side can not go on.
+CEvent& Stop()
+{
+    static CEvent stop(nullptr, TRUE, FALSE, nullptr);
+    return stop;
+}
 
 BOOL WINAPI OnControl(DWORD) noexcept
 {
-    g_stop->Set();
+    Stop().Set();
     return TRUE;
+}
+
+void Report(const CStdException& e)
+{
+    std::fprintf(stderr, "rxsim: %s\n", link::Describe(e).c_str());
 }
 
 [[noreturn]] void Fail(unsigned int line, const wchar_t* function)
@@ -27,7 +38,7 @@ BOOL WINAPI OnControl(DWORD) noexcept
     throw CWinException(line, L".\\rxsim", function, static_cast<unsigned long>(::WSAGetLastError()));
 }
 
-// The levels of a file: the last number of each line, behind ";" or ",".
+// The levels of a file: what stands behind the last ";" or "," of each line, if it is a number.
 std::vector<double> ReadTrace(const std::string& path)
 {
     CFile file(ustring(path, CP_UTF8, 0).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -35,15 +46,18 @@ std::vector<double> ReadTrace(const std::string& path)
     unsigned int done = 0;
     file.Read(text.data(), static_cast<unsigned int>(text.size()), done, nullptr);
 
-    std::vector<ustring> lines;
-    ustring::split(ustring(text, CP_UTF8, 0).c_str(), L'\n', lines, false);
+    std::istringstream lines(text);
     std::vector<double> levels;
-    for (const ustring& line : lines)
+    for (std::string line; std::getline(lines, line);)
     {
-        const std::size_t number = line.find_first_of(L"0123456789.-", line.find_last_of(L";,") + 1);
-        if (number != ustring::npos)
-            levels.push_back(ustring::strtod(line.c_str() + number));
+        const char* const last = line.c_str() + line.find_last_of(";,") + 1;
+        char* end = nullptr;
+        const double level = std::strtod(last, &end);
+        if (end != last)
+            levels.push_back(level);
     }
+    if (levels.empty())
+        throw CWinException(58, L".\\rxsim", L"ReadTrace", ERROR_INVALID_DATA);
     return levels;
 }
 
@@ -82,7 +96,7 @@ public:
             fd_set write = {};
             fd_set except = {};
             FD_SET(m_socket.m_socket, &read);
-            // The library counts what exceeds whole seconds in microseconds.
+            // Not for Select to wait: a stop has to end it.
             if (CWSASocket::Select(read, write, except, 0) == 0)
             {
                 ::WaitForSingleObject(stop, Slice);
@@ -100,28 +114,46 @@ private:
     CWSASocket m_socket;
 };
 
-// The serial port's side runs on a thread of its own; what fails there ends the program.
-struct CPortServer
+// Serves a link until the stop; what fails ends a session, not the program.
+void ServeAll(link::CLink& link, rxsim::CSharedReceiver& shared)
 {
+    try
+    {
+        rxsim::Serve(link, shared, Stop());
+    }
+    catch (const CStdException& e)
+    {
+        Report(e);
+    }
+}
+
+// The serial port's side, on a thread of its own.
+class CPortServer
+{
+public:
+    CPortServer(std::unique_ptr<link::CLink> link, rxsim::CSharedReceiver& shared)
+        : m_link(std::move(link)), m_shared(shared)
+    {
+        m_thread.Create(&Run, this);
+    }
+    CPortServer(const CPortServer&) = delete;
+    CPortServer& operator=(const CPortServer&) = delete;
+    ~CPortServer() noexcept(false) { ::WaitForSingleObject(m_thread, INFINITE); }
+
+private:
     static unsigned long WINAPI Run(void* param) noexcept
     {
         auto& server = *static_cast<CPortServer*>(param);
-        try
-        {
-            while (::WaitForSingleObject(*g_stop, 0) == WAIT_TIMEOUT)
-                rxsim::Serve(*server.link, *server.shared, *g_stop);
-            return 0;
-        }
-        catch (const CStdException& e)
-        {
-            std::fprintf(stderr, "rxsim: %s\n", link::Describe(e).c_str());
-        }
-        g_stop->Set();
-        return 1;
+        while (::WaitForSingleObject(Stop(), FailureTime) == WAIT_TIMEOUT)
+            ServeAll(*server.m_link, server.m_shared);
+        return 0;
     }
 
-    std::unique_ptr<link::CLink> link;
-    rxsim::CSharedReceiver* shared;
+    static constexpr unsigned long FailureTime = 100;   // milliseconds between two tries
+
+    std::unique_ptr<link::CLink> m_link;
+    rxsim::CSharedReceiver& m_shared;
+    CThread m_thread;
 };
 
 struct COptions
@@ -134,49 +166,53 @@ struct COptions
     bool once = false;
 };
 
+void ServeTcp(const CListener& listener, rxsim::CSharedReceiver& shared, bool once)
+{
+    for (SOCKET socket; (socket = listener.Accept(Stop())) != INVALID_SOCKET;)
+    {
+        ServeAll(*link::Accepted(socket, Stop()), shared);
+        if (once)
+            return;
+    }
+}
+
 void Serve(const COptions& options)
 {
-    CEvent stop(nullptr, TRUE, FALSE, nullptr);
-    g_stop = &stop;
     ::SetConsoleCtrlHandler(&OnControl, TRUE);
-
-    std::vector<double> levels;
-    if (!options.trace.empty())
-        levels = ReadTrace(options.trace);
-    rxsim::CSharedReceiver shared{levels.empty() ? rxsim::CReceiver(options.seed) : rxsim::CReceiver(levels), {}};
-
-    CPortServer port{nullptr, &shared};
-    CThread thread;
-    if (!options.com.empty())
-    {
-        port.link = link::OpenPort(ustring(options.com, CP_UTF8, 0), options.baud, stop);
-        std::printf("on %s\n", options.com.c_str());
-        thread.Create(&CPortServer::Run, &port);
-    }
+    rxsim::CSharedReceiver shared{
+        options.trace.empty() ? rxsim::CReceiver(options.seed) : rxsim::CReceiver(ReadTrace(options.trace)), {}};
+    std::optional<CListener> listener;
     if (options.tcp >= 0)
     {
-        const CListener listener(static_cast<unsigned short>(options.tcp));
-        std::printf("on port %u\n", listener.Port());
-        std::fflush(stdout);
-        for (SOCKET socket; (socket = listener.Accept(stop)) != INVALID_SOCKET;)
-        {
-            const auto link = link::Accepted(socket, stop);
-            rxsim::Serve(*link, shared, stop);
-            if (options.once)
-                break;
-        }
-        stop.Set();
+        listener.emplace(static_cast<unsigned short>(options.tcp));
+        std::printf("on port %u\n", listener->Port());
+    }
+    std::optional<CPortServer> port;
+    if (!options.com.empty())
+    {
+        port.emplace(link::OpenPort(ustring(options.com, CP_UTF8, 0), options.baud, Stop()), shared);
+        std::printf("on %s\n", options.com.c_str());
     }
     std::fflush(stdout);
-    if (thread.IsCreated())
-        ::WaitForSingleObject(thread, INFINITE);
+    if (!listener)
+        return;   // and wait for the port's side
+    try
+    {
+        ServeTcp(*listener, shared, options.once);
+    }
+    catch (...)
+    {
+        Stop().Set();
+        throw;
+    }
+    Stop().Set();
 }
 }   // namespace
 
-int main(int count, char** arguments)
+int wmain(int count, wchar_t** arguments)
 {
     COptions options;
-    CLI::App app{"A measuring receiver for those who have none at hand."};
+    CLI::App app{"A measuring receiver for those who have none at hand.", "rxsim"};
     auto* const tcp = app.add_option("--tcp", options.tcp, "TCP port of this machine; 0: any that is free")
                           ->check(CLI::Range(0, 65535));
     auto* const com = app.add_option("--com", options.com, "serial port: COM3:, from COM10 on \\\\.\\COM12");
@@ -184,7 +220,8 @@ int main(int count, char** arguments)
     app.add_option("--trace", options.trace, "file with levels, the last number of each line, in dBm");
     app.add_option("--seed", options.seed, "of the levels that are made up")->capture_default_str();
     app.add_flag("--once", options.once, "end after the first connection")->needs(tcp);
-    CLI11_PARSE(app, count, arguments);
+    if (const int result = command_line::Parse(app, count, arguments))
+        return result < 0 ? 0 : result;
     if (tcp->empty() && com->empty())
     {
         std::fputs("rxsim: needs --tcp or --com (--help says more)\n", stderr);
@@ -200,7 +237,7 @@ int main(int count, char** arguments)
     }
     catch (const CStdException& e)
     {
-        std::fprintf(stderr, "rxsim: %s\n", link::Describe(e).c_str());
+        Report(e);
     }
     return 1;
 }
