@@ -33,7 +33,7 @@ public:
     // 0 afterwards.
     void Terminate(unsigned long exitCode);
 
-    unsigned long GetId() const noexcept { return m_dwThreadId; }   // 0: none
+    unsigned long GetId() const noexcept { return m_dwThreadId; }   // of the thread that Create made; 0: none
     int GetPriority() const;
     void SetThreadPriority(int priority);
     // Return how often it was suspended before the call.
@@ -55,9 +55,10 @@ public:
 
     // Virtual operations in slot order; derived classes append theirs.
 
-    // Returns what Run returned. Call it from the thread that the windows belong to. Messages that are not allowed are
-    // thrown away, WM_QUIT too; only a repaint stays due until afterwards. Throws CWinException if the thread cannot be
-    // made or waited for; in the latter case it goes on running.
+    // Returns what Run returned. Call it from the thread that the windows belong to. Whenever a message comes that is
+    // allowed, those waiting with it that are not are thrown away, WM_QUIT too; only a repaint stays due until
+    // afterwards. Throws CWinException if the thread cannot be made or waited for; in the latter case it goes on
+    // running.
     virtual unsigned long Invoke();
     // The work. On the worker thread, so windows are out of bounds, other than by posted messages. No exception may
     // leave it: that ends the program.
@@ -69,14 +70,11 @@ public:
 
 protected:
     unsigned long m_dwWakeMask;
-
-private:
-    void DispatchQueued() const;
 };
 
 // Wait for `ms` milliseconds, and throw CWinException with ERROR_CANCELLED (1223) as soon as the event is set. MsgSleep
-// paints meanwhile; all other messages to the thread's windows are thrown away, WM_QUIT too. Its time must be finite:
-// with INFINITE it spins for ever and does nothing else.
+// paints meanwhile; all other messages to the thread's windows are thrown away, WM_QUIT too. With 0 it returns at once,
+// without a look at the event. Its time must be finite: with INFINITE it spins for ever and does nothing else.
 VANTOR_API void Sleep(unsigned long ms, CEvent& cancel);
 VANTOR_API void MsgSleep(unsigned long ms, CEvent& cancel);
 VANTOR_API void MsgSleep(unsigned long ms);

@@ -14,6 +14,33 @@ bool HasEnded(HANDLE thread)
     DWORD code = STILL_ACTIVE;
     return ::GetExitCodeThread(thread, &code) && code != STILL_ACTIVE;
 }
+
+// Empties the queue. A repaint cannot be removed: the system asks for it until the window is painted. Where the mask
+// does not allow it, what lies behind it is removed around it.
+void DispatchQueued(const CAPC& call)
+{
+    MSG message;
+    const auto next = [&message](UINT first, UINT last)
+    { return ::PeekMessageW(&message, nullptr, first, last, PM_REMOVE) != FALSE; };
+    const auto dispatch = [&call, &message]
+    {
+        if (!call.TestMessage(message.message))
+            return;
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    };
+
+    while (next(0, 0))
+    {
+        if (message.message == WM_PAINT && !call.TestMessage(WM_PAINT))
+        {
+            while (next(0, WM_PAINT - 1) || next(WM_PAINT + 1, 0xFFFFFFFF))
+                dispatch();
+            return;
+        }
+        dispatch();
+    }
+}
 }   // namespace
 
 unsigned long CAPC::Invoke()
@@ -30,40 +57,13 @@ unsigned long CAPC::Invoke()
         case WAIT_OBJECT_0 + 1:
             if (HasEnded(thread))
                 return worker.GetExitCode();
-            DispatchQueued();
+            DispatchQueued(*this);
             break;
         case WAIT_FAILED:
             Fail(56, Function);
         default:
             Fail(58, Function, ERROR_INTERNAL_ERROR);
         }
-    }
-}
-
-// Empties the queue. A repaint cannot be removed: the system asks for it until the window is painted. Where the mask
-// does not allow it, what lies behind it is removed around it.
-void CAPC::DispatchQueued() const
-{
-    MSG message;
-    const auto next = [&message](UINT first, UINT last)
-    { return ::PeekMessageW(&message, nullptr, first, last, PM_REMOVE) != FALSE; };
-    const auto dispatch = [this, &message]
-    {
-        if (!TestMessage(message.message))
-            return;
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
-    };
-
-    while (next(0, 0))
-    {
-        if (message.message == WM_PAINT && !TestMessage(WM_PAINT))
-        {
-            while (next(0, WM_PAINT - 1) || next(WM_PAINT + 1, 0xFFFFFFFF))
-                dispatch();
-            return;
-        }
-        dispatch();
     }
 }
 

@@ -9,10 +9,11 @@ namespace vantor
 {
 namespace
 {
-[[noreturn]] void Fail(unsigned int line, const wchar_t* function, int error = ::WSAGetLastError())
+constexpr CThrower Fail{L".\\Socket"};
+
+unsigned long Error()
 {
-    constexpr CThrower fail{L".\\Socket"};
-    fail(line, function, static_cast<unsigned long>(error));
+    return static_cast<unsigned long>(::WSAGetLastError());
 }
 }   // namespace
 
@@ -29,7 +30,7 @@ void CWSASocket::Create(int af, int type, int protocol, _WSAPROTOCOL_INFOW* info
     Close();
     m_socket = ::WSASocketW(af, type, protocol, info, group, flags);
     if (m_socket == INVALID_SOCKET)
-        Fail(42, L"WSASocket");
+        Fail(42, L"WSASocket", Error());
 }
 
 void CWSASocket::Close()
@@ -41,15 +42,15 @@ void CWSASocket::Close()
 
     const int on = 1;
     if (::setsockopt(socket, SOL_SOCKET, SO_DONTLINGER, reinterpret_cast<const char*>(&on), sizeof on) == SOCKET_ERROR)
-        Fail(56, L"setsockopt");
+        Fail(56, L"setsockopt", Error());
     if (::closesocket(socket) == SOCKET_ERROR)
-        Fail(59, L"closesocket");
+        Fail(59, L"closesocket", Error());
 }
 
 void CWSASocket::Shutdown(int how)
 {
     if (::shutdown(m_socket, how) == SOCKET_ERROR)
-        Fail(72, L"shutdown");
+        Fail(72, L"shutdown", Error());
 }
 
 void CWSASocket::ConnectLL(const void* addr, unsigned int addrLen, _WSABUF* callerData, _WSABUF* calleeData,
@@ -57,26 +58,26 @@ void CWSASocket::ConnectLL(const void* addr, unsigned int addrLen, _WSABUF* call
 {
     if (::WSAConnect(m_socket, static_cast<const sockaddr*>(addr), static_cast<int>(addrLen), callerData, calleeData,
                      sqos, gqos) == SOCKET_ERROR)
-        Fail(84, L"WSAConnect");
+        Fail(84, L"WSAConnect", Error());
 }
 
 void CWSASocket::SetSockOptLL(int level, int name, const void* value, unsigned int length)
 {
     if (::setsockopt(m_socket, level, name, static_cast<const char*>(value), static_cast<int>(length)) == SOCKET_ERROR)
-        Fail(91, L"setsockopt");
+        Fail(91, L"setsockopt", Error());
 }
 
 void CWSASocket::GetSockOptLL(int level, int name, void* value, unsigned int length)
 {
     int size = static_cast<int>(length);
     if (::getsockopt(m_socket, level, name, static_cast<char*>(value), &size) == SOCKET_ERROR)
-        Fail(99, L"getsockopt");
+        Fail(99, L"getsockopt", Error());
 }
 
 void CWSASocket::IoctlSocket(long command, unsigned long& argument)
 {
     if (::ioctlsocket(m_socket, command, &argument) == SOCKET_ERROR)
-        Fail(106, L"ioctlsocket");
+        Fail(106, L"ioctlsocket", Error());
 }
 
 bool CWSASocket::Send(const void* buffer, unsigned int length, unsigned int& sent, unsigned long flags, _OVERLAPPED* ov)
@@ -87,7 +88,7 @@ bool CWSASocket::Send(const void* buffer, unsigned int length, unsigned int& sen
     sent = count;
     if (result != SOCKET_ERROR)
         return true;
-    const int error = ::WSAGetLastError();
+    const unsigned long error = Error();
     if (error != WSA_IO_PENDING)
         Fail(124, L"WSASend", error);
     return false;
@@ -101,7 +102,7 @@ bool CWSASocket::Recv(void* buffer, unsigned int length, unsigned int& received,
     received = count;
     if (result != SOCKET_ERROR)
         return true;
-    const int error = ::WSAGetLastError();
+    const unsigned long error = Error();
     if (error != WSA_IO_PENDING)
         Fail(144, L"WSARecv", error);
     return false;
@@ -114,7 +115,7 @@ bool CWSASocket::GetOverlappedResult(_OVERLAPPED* ov, unsigned int& transferred,
     transferred = count;
     if (done)
         return true;
-    const int error = ::WSAGetLastError();
+    const unsigned long error = Error();
     if (error != WSA_IO_INCOMPLETE)
         Fail(164, L"WSAGetOverlappedResult", error);
     return false;
@@ -127,7 +128,7 @@ int CWSASocket::Select(fd_set& read, fd_set& write, fd_set& except, unsigned lon
     time.tv_usec = static_cast<long>(timeout % 1000);   // unscaled: applications have tuned their time-outs to it
     const int ready = ::select(0, &read, &write, &except, timeout == INFINITE ? nullptr : &time);
     if (ready == SOCKET_ERROR)
-        Fail(175, L"select");
+        Fail(175, L"select", Error());
     return ready;
 }
 }   // namespace vantor
