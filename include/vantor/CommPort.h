@@ -6,6 +6,7 @@
 //     dcb.BaudRate = CBR_115200;
 //     port.SetCommState(dcb);
 //     port.SetCommTimeouts({0, 0, 500, 0, 500});      // or a read may wait for ever
+//     unsigned int done = 0;
 //     port.Write("*IDN?\r\n", 7, done, nullptr);
 
 #ifndef VANTOR_COMMPORT_H
