@@ -1,12 +1,12 @@
 // lng: the translators' tool. Gathers the texts of programs into language files, counts them, makes
 // pseudo-translations.
 
+#include "CommandLine.h"
 #include "Pseudo.h"
 #include "Texts.h"
 
 #include <vantor/vantor.h>
 
-#include <CLI/CLI.hpp>
 #include <commctrl.h>
 
 #include <chrono>
@@ -167,19 +167,8 @@ int Run(int count, wchar_t** arguments)
     pseudo->add_option("-o", output, "The language file to write")->required()->type_name("OUT.lng");
     pseudo->callback([&] { MakePseudo(file, output); });
 
-    // The parser takes its arguments from the back.
-    std::vector<std::string> rest;
-    for (int i = count - 1; i > 0; --i)
-        rest.push_back(Narrow(arguments[i]));
-    try
-    {
-        app.parse(rest);
-    }
-    catch (const CLI::ParseError& e)
-    {
-        return app.exit(e) == 0 ? 0 : 2;
-    }
-    return 0;
+    const int result = command_line::Parse(app, count, arguments);
+    return result < 0 ? 0 : result;
 }
 }   // namespace
 

@@ -4,6 +4,7 @@
 #define VANTOR_VANTOR_H
 
 #include <vantor/CaptionCtrl.h>
+#include <vantor/CommPort.h>
 #include <vantor/Dialog.h>
 #include <vantor/Exceptions.h>
 #include <vantor/File.h>
@@ -11,8 +12,10 @@
 #include <vantor/LogFile.h>
 #include <vantor/Object.h>
 #include <vantor/Platform.h>
+#include <vantor/Socket.h>
 #include <vantor/Strings.h>
 #include <vantor/SystemTime.h>
+#include <vantor/Thread.h>
 #include <vantor/TipDlg.h>
 #include <vantor/Translator.h>
 #include <vantor/Version.h>
