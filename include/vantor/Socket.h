@@ -25,10 +25,10 @@ public:
 
     bool IsCreated() const noexcept { return m_socket != INVALID_SOCKET; }
 
-    // Closes what is open first. The arguments are those of WSASocketW.
+    // Closes what is open first. The arguments are those of WSASocketW. The object is empty after a failure.
     void Create(int af, int type, int protocol, _WSAPROTOCOL_INFOW* info, unsigned int group, unsigned long flags);
     // Returns at once; data that is still to be sent is sent in the background. The object is empty afterwards, also
-    // after a failure: one to switch lingering off leaves the socket open and owned by nobody.
+    // after a failure; if lingering cannot be switched off, the socket then stays open and belongs to nobody.
     void Close();
     void Shutdown(int how);
 
