@@ -1,10 +1,12 @@
 """usage: serial_test.py SUITE PROGRAM EMULATOR WIDTH
 
 Runs one part of port_test on serial ports that are pseudo-terminals: Wine takes a terminal of the system for a port. The
-suites: terminal (the peer is this script), names (ports by their COM names), modem_lines, socat (the peer is socat).
+suites: terminal (the peer is this script), names (ports by their COM names), modem_lines, socat (the peer is socat),
+pyserial (the peer is that library, at the other end of socat's line).
 Exit status 77: this machine lacks what the suite needs.
 """
 
+import importlib.util
 import os
 import pathlib
 import re
@@ -16,6 +18,7 @@ import threading
 import tty
 import unittest
 
+sys.path.append("/usr/lib/python3/dist-packages")   # Debian's, also for another Python: pyserial is nothing but Python
 PROGRAM, EMULATOR, WIDTH = sys.argv[2:5]
 SKIPPED = 77
 
@@ -99,27 +102,58 @@ class ModemLines(SerialTest):
 
 
 class Socat(SerialTest):
-    def test_terminal_of_socat_works_as_a_port(self):
-        peer = subprocess.Popen(["socat", "-d", "-d", "PTY,raw,echo=0", "EXEC:cat"], stderr=subprocess.PIPE, text=True)
+    def start(self, *addresses):
+        """Starts socat, and returns its terminals, kept open: they would end with the first port otherwise."""
+        peer = subprocess.Popen(["socat", "-d", "-d", *addresses], stderr=subprocess.PIPE, text=True)
         self.addCleanup(peer.wait)
         self.addCleanup(peer.terminate)
         self.addCleanup(peer.stderr.close)
-        path = None
-        while path is None:
+        paths = []
+        while len(paths) < sum(address.startswith("PTY") for address in addresses):
             line = peer.stderr.readline()
             self.assertTrue(line, "socat has ended")
-            path = re.search(r"PTY is (\S+)", line)
-        hold = os.open(path[1], os.O_RDWR | os.O_NOCTTY)   # or the terminal would end with the first port
-        self.addCleanup(os.close, hold)
-        self.check("Terminal.WriteAndRead_AMegabyte*", port=windows_path(path[1]))
+            paths += re.findall(r"PTY is (\S+)", line)
+        for path in paths:
+            self.addCleanup(os.close, os.open(path, os.O_RDWR | os.O_NOCTTY))
+        return paths
+
+    def test_terminal_of_socat_works_as_a_port(self):
+        path, = self.start("PTY,raw,echo=0", "EXEC:cat")
+        self.check("Terminal.WriteAndRead_AMegabyte*", port=windows_path(path))
+
+
+class PySerial(Socat):
+    test_terminal_of_socat_works_as_a_port = None
+
+    def test_port_talks_to_pyserial(self):
+        import serial
+
+        here, there = self.start("PTY,raw,echo=0", "PTY,raw,echo=0")
+        with serial.Serial(there, 115200, timeout=0.05) as peer:
+            ended = threading.Event()
+            echo = threading.Thread(target=lambda: self.echo(peer, ended))
+            echo.start()
+            try:
+                self.check("Terminal.WriteAndRead_AMegabyte*", port=windows_path(here))
+            finally:
+                ended.set()
+                echo.join()
+
+    @staticmethod
+    def echo(peer, ended):
+        while not ended.is_set():
+            peer.write(peer.read(max(1, peer.in_waiting)))
 
 
 SUITES = {"terminal": (Terminal, None), "names": (Names, None), "modem_lines": (ModemLines, "cc"),
-          "socat": (Socat, "socat")}
+          "socat": (Socat, "socat"), "pyserial": (PySerial, "socat")}
 
 if __name__ == "__main__":
     suite, needed = SUITES[sys.argv[1]]
-    if needed and not shutil.which(needed):
+    lacks = needed and not shutil.which(needed)
+    if suite is PySerial and not importlib.util.find_spec("serial"):
+        lacks, needed = True, "python3-serial"
+    if lacks:
         print(f"there is no {needed} on this machine")
         sys.exit(SKIPPED)
     unittest.main(argv=[sys.argv[0], suite.__name__])
