@@ -29,8 +29,9 @@ class Background:
 
     @staticmethod
     def _read(stream, lines):
-        for line in stream:
-            lines.put(line.decode("utf-8").rstrip("\r\n"))
+        with stream:   # Wine's own processes may hold it open for longer than the program lives
+            for line in stream:
+                lines.put(line.decode("utf-8").rstrip("\r\n"))
         lines.put(None)
 
     def line(self):
@@ -48,8 +49,7 @@ class Background:
         if self.process.poll() is None:
             self.process.kill()
         self.process.wait()
-        for stream in self.process.stdin, self.process.stdout, self.process.stderr:
-            stream.close()
+        self.process.stdin.close()
 
 
 class SimulatorTest(program.ProgramTest):
