@@ -44,8 +44,8 @@ std::unique_ptr<CLink> Accepted(SOCKET socket, vantor::CEvent& cancel);
 // stop bit.
 std::unique_ptr<CLink> OpenPort(const vantor::ustring& port, unsigned long baud, vantor::CEvent& cancel);
 
-// Lines that end with CR LF, LF alone understood. A line of more than 4096 bytes is none: it throws ERROR_INVALID_DATA
-// once, and is skipped to its end.
+// Lines that end with CR LF, LF alone understood. A line of more than 4096 bytes, CR included, is none: it throws
+// ERROR_INVALID_DATA once, and is skipped to its end.
 class CLines
 {
 public:

@@ -149,7 +149,7 @@ private:
         return 0;
     }
 
-    static constexpr unsigned long FailureTime = 100;   // milliseconds between two tries
+    static constexpr unsigned long FailureTime = 1000;   // milliseconds between two tries
 
     std::unique_ptr<link::CLink> m_link;
     rxsim::CSharedReceiver& m_shared;
