@@ -28,7 +28,11 @@ BOOL WINAPI RecordingDestroyWindow(HWND hWnd)
 class CaptionCtrlLifetime : public testing::Test
 {
 protected:
-    CaptionCtrlLifetime() { support::UseOwnDesktop(); }
+    CaptionCtrlLifetime()
+    {
+        support::UseOwnDesktop();
+        g_destroyed.clear();
+    }
 
     static int Create(CCaptionCtrl& bar, const CParent& parent, int height = 26)
     {

@@ -55,6 +55,8 @@ BOOL WINAPI RecordingGradientFill(HDC hdc, TRIVERTEX* vertices, ULONG count, voi
 
 class CaptionCtrlPaint : public CPaintTest
 {
+protected:
+    CaptionCtrlPaint() { g_loads.clear(); }
 };
 }   // namespace
 

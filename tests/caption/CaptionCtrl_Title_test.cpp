@@ -67,6 +67,8 @@ BOOL WINAPI RecordingEndPaint(HWND hWnd, const PAINTSTRUCT* paint)
 class CaptionCtrlTitle : public CPaintTest
 {
 protected:
+    CaptionCtrlTitle() { g_texts.clear(); }
+
     // What DrawTextW was asked for in the one paint.
     CText ShownText(const wchar_t* title, unsigned int iconId = 0, unsigned long buttons = 0, int height = Height)
     {

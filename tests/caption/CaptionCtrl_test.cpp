@@ -83,7 +83,13 @@ int WINAPI FailingLoadString(HINSTANCE, UINT, LPWSTR, int)
 class CaptionCtrl : public testing::Test
 {
 protected:
-    CaptionCtrl() { support::UseOwnDesktop(); }
+    CaptionCtrl()
+    {
+        support::UseOwnDesktop();
+        g_creations.clear();
+        g_classes.clear();
+        g_classNames.clear();
+    }
 
     static int Create(CCaptionCtrl& bar, const CParent& parent, unsigned long buttons = AllButtons, int height = 26)
     {

@@ -91,7 +91,14 @@ void CALLBACK CloseModal(HWND, UINT, UINT_PTR timer, DWORD)
 class TipDlg : public testing::Test
 {
 protected:
-    TipDlg() { support::UseOwnDesktop(); }
+    TipDlg()
+    {
+        support::UseOwnDesktop();
+        g_drawings.clear();
+        g_updated.clear();
+        g_paints = 0;
+        g_created = 0;
+    }
 };
 
 // What the tip asked DrawTextW for.

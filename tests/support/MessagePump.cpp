@@ -33,6 +33,10 @@ bool PumpUntil(const std::function<bool()>& condition, DWORD milliseconds)
 
 void UseOwnDesktop()
 {
+    thread_local bool done = false;
+    if (done)
+        return;
+    done = true;
     const std::wstring name =
         L"vantor" + std::to_wstring(::GetCurrentProcessId()) + L"." + std::to_wstring(::GetCurrentThreadId());
     // Never closed: they are the program's until it ends. For a desktop of the user's own station Wine would start a process
