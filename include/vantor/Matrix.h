@@ -87,7 +87,8 @@ VANTOR_API double determinant(const matrix& a);
 // By the adjugate: a determinant for each element. Throws DivisionByZero if the determinant is 0.0.
 VANTOR_API matrix invert(const matrix& a);
 // Solves a * x = b, with one column b, by elimination of rows that are scaled to a largest element of 1. Rows are
-// added, not swapped. Throws DivisionByZero for a singular matrix.
+// added, not swapped. Throws DivisionByZero for a zero row or pivot; the last pivot is not looked at, so that a
+// singular matrix may give infinities and NaN instead.
 VANTOR_API matrix gauss(const matrix& a, const matrix& b);
 // The square root of the sum of all squares.
 VANTOR_API double norm(const matrix& a);
