@@ -71,7 +71,7 @@ private:
 class VANTOR_API CDCEx
 {
 public:
-    explicit CDCEx(CCompatibleDC& dc) noexcept : m_dc(dc) {}
+    CDCEx(CCompatibleDC& dc) noexcept : m_dc(dc) {}
 
     // A run of 2 * halfWidth + 1 pixels, centred on x or y.
     void SetHPixel(double x, int y, COLORREF c, unsigned char halfWidth);

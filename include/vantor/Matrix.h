@@ -22,11 +22,11 @@ namespace vantor
 class VANTOR_API matrix
 {
 public:
-    explicit matrix(unsigned int rows = 1, unsigned int cols = 1, double value = 0.0);   // all elements are value
+    matrix(unsigned int rows = 1, unsigned int cols = 1, double value = 0.0);   // all elements are value
     matrix(const matrix& other);
     ~matrix();
 
-    // Takes the other's dimensions, too.
+    // Takes the other's dimensions, too. For these see resize, if memory is short.
     matrix& operator=(const matrix& other);
 
     unsigned int rows() const noexcept { return m_rows; }

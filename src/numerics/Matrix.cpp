@@ -77,7 +77,7 @@ bool Eliminate(const matrix& t, unsigned int n)
     return true;
 }
 
-// A matrix of a's dimensions with element(i, j) in its places.
+// A matrix with element(i, j) in its places.
 template <class Element>
 matrix Filled(unsigned int rows, unsigned int cols, Element element)
 {
@@ -87,6 +87,25 @@ matrix Filled(unsigned int rows, unsigned int cols, Element element)
         for (unsigned int j = 1; j <= cols; ++j)
             result(i, j) = element(i, j);
     }
+    return result;
+}
+
+// Of a square matrix, which it uses up.
+double DeterminantOf(const matrix t)
+{
+    const unsigned int n = t.rows();
+    double result = 1.0;
+    for (unsigned int i = 1; i <= n; ++i)
+    {
+        const double largest = Equilibrate(t, i, n);
+        if (largest == 0.0)
+            return 0.0;
+        result = largest * result;
+    }
+    if (!Eliminate(t, n))
+        return 0.0;
+    for (unsigned int i = 1; i <= n; ++i)
+        result = result * t(i, i);
     return result;
 }
 }   // namespace
@@ -273,21 +292,7 @@ double determinant(const matrix& a)
 {
     if (!IsSquare(a))
         Fail(239, L"vantor::determinant", Kind::InvalidDimension);
-    const unsigned int n = a.rows();
-    const matrix t = a;
-    double result = 1.0;
-    for (unsigned int i = 1; i <= n; ++i)
-    {
-        const double largest = Equilibrate(t, i, n);
-        if (largest == 0.0)
-            return 0.0;
-        result = largest * result;
-    }
-    if (!Eliminate(t, n))
-        return 0.0;
-    for (unsigned int i = 1; i <= n; ++i)
-        result = result * t(i, i);
-    return result;
+    return DeterminantOf(a);
 }
 
 double minor(const matrix& a, unsigned int i, unsigned int j)
