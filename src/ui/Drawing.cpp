@@ -58,9 +58,8 @@ CCompatibleDC::~CCompatibleDC()
 
 bool CCompatibleDC::Create(HDC hdc, const SIZE& size)
 {
-    const SIZE wanted = size;   // it may be this object's own
     Destroy();
-    if (!hdc || wanted.cx < 1 || wanted.cy < 1)
+    if (!hdc || size.cx < 1 || size.cy < 1)
         return false;
     m_hDC = ::CreateCompatibleDC(hdc);
     if (!m_hDC)
@@ -68,8 +67,8 @@ bool CCompatibleDC::Create(HDC hdc, const SIZE& size)
 
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = wanted.cx;
-    info.bmiHeader.biHeight = -wanted.cy;   // from the top down
+    info.bmiHeader.biWidth = size.cx;
+    info.bmiHeader.biHeight = -size.cy;   // from the top down
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     info.bmiHeader.biCompression = BI_RGB;
@@ -83,7 +82,7 @@ bool CCompatibleDC::Create(HDC hdc, const SIZE& size)
     }
     m_pBits = static_cast<uint32_t*>(bits);
     m_hOldBitmap = ::SelectObject(m_hDC, m_hBitmap);
-    m_size = wanted;
+    m_size = size;
     return true;
 }
 
