@@ -6,10 +6,12 @@
 #include <vantor/CaptionCtrl.h>
 #include <vantor/CommPort.h>
 #include <vantor/Dialog.h>
+#include <vantor/Drawing.h>
 #include <vantor/Exceptions.h>
 #include <vantor/File.h>
 #include <vantor/IniFile.h>
 #include <vantor/LogFile.h>
+#include <vantor/Matrix.h>
 #include <vantor/Object.h>
 #include <vantor/Platform.h>
 #include <vantor/Socket.h>
