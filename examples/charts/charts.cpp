@@ -134,6 +134,7 @@ try
     WriteComparison(folder, L"fit", Size, [&c](CPen& pen) { DrawFit(pen, c); });
 
     std::printf("shown = %.6f + %.6f * given + %.8f * given^2\n", c(1, 1), c(2, 1), c(3, 1));
+    std::printf("%6s %8s %8s %8s\n", "given", "shown", "fitted", "rest, dB");
     matrix rest(Count, 1);
     for (unsigned int i = 1; i <= Count; ++i)
     {
