@@ -45,6 +45,19 @@ inline SYSTEMTIME SystemTime(unsigned long long ticks)
     EXPECT_TRUE(::FileTimeToSystemTime(&time, &result)) << ticks;
     return result;
 }
+
+// In place of the platform's: takes the years from 30829 on, which some platforms refuse and some count on in the
+// highest bit.
+constexpr WORD DistantYear = 30829;
+constexpr unsigned long long DistantTicks = 0x8000000000000000 + 1234567 * 10000ULL;
+
+inline BOOL WINAPI DistantSystemTimeToFileTime(const SYSTEMTIME* time, FILETIME* result)
+{
+    if (time->wYear != DistantYear)
+        return ::SystemTimeToFileTime(time, result);
+    *result = FileTime(DistantTicks);
+    return TRUE;
+}
 }   // namespace fields
 
 #endif

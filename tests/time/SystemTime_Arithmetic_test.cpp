@@ -190,12 +190,9 @@ TEST(SystemTimeDifference, FromFirstToLastDay)
 
 TEST(SystemTimeDifference, BeyondSignedFileTimes)
 {
-    // Some platforms take these years, and count on in the highest bit.
-    const SYSTEMTIME distant = {30829, 1, 0, 1, 0, 0, 0, 0};
-    FILETIME ticks;
-    if (!::SystemTimeToFileTime(&distant, &ticks))
-        GTEST_SKIP() << "this platform refuses the year";
-    const long long milliseconds = static_cast<long long>((Ticks(ticks) - Ticks(Tuesday)) / 10000);
+    const CImportPatch patch(&::SystemTimeToFileTime, &fields::DistantSystemTimeToFileTime);
+    const SYSTEMTIME distant = {fields::DistantYear, 1, 0, 1, 0, 0, 0, 0};
+    const long long milliseconds = static_cast<long long>((fields::DistantTicks - Ticks(Tuesday)) / 10000);
 
     EXPECT_EQ(milliseconds, (CSystemTime(distant) - Tuesday).GetTimeSpan());
     EXPECT_EQ(-milliseconds, (Tuesday - CSystemTime(distant)).GetTimeSpan());
