@@ -11,6 +11,10 @@
 
 #include <vantor/Platform.h>
 
+struct _QualityOfService;
+struct _WSABUF;
+struct _WSAPROTOCOL_INFOW;
+
 namespace vantor
 {
 // Owns a socket. Each member is the Winsock call of that name; what fails throws CWinException with Winsock's error
