@@ -1,8 +1,7 @@
 // The device's shell exports these calls by number only. Also built by the tests, against a shell of their own.
 
+#include "DeviceModule.h"
 #include "FullScreen.h"
-
-#include <cstdint>
 
 namespace vantor::platform
 {
@@ -29,40 +28,11 @@ constexpr DWORD HideDoneButton = 2;
 using FullScreenCall = BOOL(HWND dialog, DWORD state);
 constexpr WORD FullScreenOrdinal = 65;
 constexpr DWORD HideAll = 42;   // task bar 2, input panel button 8, start icon 32
-
-class CShell
-{
-public:
-    CShell() : m_module(::LoadLibraryW(ShellName)) {}
-    CShell(const CShell&) = delete;
-    CShell& operator=(const CShell&) = delete;
-    ~CShell()
-    {
-        if (m_module)
-            ::FreeLibrary(m_module);
-    }
-
-    template <class Call>
-    Call* Find(WORD ordinal) const
-    {
-        if (!m_module)
-            return nullptr;
-#ifdef UNDER_CE
-        const auto* name = reinterpret_cast<const wchar_t*>(static_cast<std::uintptr_t>(ordinal));
-#else
-        const auto* name = reinterpret_cast<const char*>(static_cast<std::uintptr_t>(ordinal));
-#endif
-        return reinterpret_cast<Call*>(reinterpret_cast<void*>(::GetProcAddress(m_module, name)));
-    }
-
-private:
-    HMODULE m_module;
-};
 }   // namespace
 
 void PresentFullScreen(HWND dialog)
 {
-    const CShell shell;
+    const CDeviceModule shell(ShellName);
     if (const auto initDialog = shell.Find<InitDialogCall>(InitDialogOrdinal))
     {
         DialogInitialisation initialisation = {MaskFlags, dialog, FullScreenNoMenuBar};

@@ -1,0 +1,27 @@
+// Special folders and shortcuts, by the shell.
+//
+//     ustring documents;
+//     if (GetSpecialFolderLocation(nullptr, CSIDL_PERSONAL, documents))
+//         CreateShortcut(L"\\Windows\\Desktop\\Documents.lnk", documents.c_str(), nullptr);
+//
+// Nothing throws.
+
+#ifndef VANTOR_SHELL_H
+#define VANTOR_SHELL_H
+
+#include <vantor/Platform.h>
+#include <vantor/Strings.h>
+
+namespace vantor
+{
+// The path of a special folder (CSIDL_...), up to MAX_PATH characters. False, and `path` stays as it was, if there is
+// no such folder or it is none of the file system. `owner`, of what the shell may have to ask, may be null.
+VANTOR_API bool GetSpecialFolderLocation(HWND owner, int folder, ustring& path) noexcept;
+
+// Writes the shortcut file over what was there; the name comes with its ".lnk". A target with a blank is handed to the
+// shell in quotation marks, so it is a path alone, without arguments. Whether the target exists is not asked. The third
+// argument is not used.
+VANTOR_API bool CreateShortcut(const wchar_t* shortcut, const wchar_t* target, const wchar_t* reserved) noexcept;
+}   // namespace vantor
+
+#endif
