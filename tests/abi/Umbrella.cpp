@@ -1,8 +1,7 @@
-// Compiled four times: with and without UNICODE, <windows.h> before and after the umbrella. Whatever a program does
-// with the platform's macros, it must reach the same functions of the library.
+// Compiled for each order of <windows.h> and the umbrella, with and without UNICODE. Whatever a program does with the
+// platform's macros, it must reach the same functions of the library.
 
 #ifdef WINDOWS_FIRST
-#define WIN32_LEAN_AND_MEAN   // without it <windows.h> includes the first Winsock, which the second cannot follow
 #include <windows.h>
 #endif
 #include <vantor/vantor.h>
@@ -15,9 +14,18 @@
 #error these macros would rename functions of the library
 #endif
 
-vantor::ustring UMBRELLA_FUNCTION()
+// Writes and reads by the functions whose names are macros elsewhere; "text 7" if all of them are the library's.
+vantor::ustring UMBRELLA_FUNCTION(const wchar_t* key)
 {
-    vantor::ustring name;
-    vantor::CFile::GetModuleFileNameW(nullptr, name, false);
-    return name;
+    using namespace vantor;
+
+    CLogFont font;
+    ustring text;
+    if (!RegCreateKey(HKEY_CURRENT_USER, key) || !font.WriteProfileString(key, L"text", L"text") ||
+        !font.WriteProfileInt(key, L"number", 7) || !RegGetValue(HKEY_CURRENT_USER, key, L"text", text, nullptr))
+        return L"";
+    if (text != font.GetProfileString(key, L"text", L""))
+        return L"";
+    text.sprintf(L"%s %d", text.c_str(), font.GetProfileInt(key, L"number", 0));
+    return text;
 }
