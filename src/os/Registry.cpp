@@ -62,9 +62,10 @@ template <class Call>
 bool Names(HKEY root, const wchar_t* subKey, std::vector<ustring>& names, Call call) noexcept
 try
 {
-    names.clear();
     CKey key;
-    if (!key.Open(root, subKey, KEY_READ))
+    const bool opened = key.Open(root, subKey, KEY_READ);
+    names.clear();   // only now: subKey may be one of them
+    if (!opened)
         return false;
     wchar_t name[NameRoom];
     DWORD length = NameRoom;
@@ -123,7 +124,8 @@ try
     if (!key.Open(root, subKey, KEY_QUERY_VALUE) || !key.Query(name, type, size) || type != REG_BINARY)
         return false;
     data.resize(size);
-    const bool read = key.Read(name, data.data(), size);
+    // Without a buffer, as an empty value has none, the call succeeds with the size alone.
+    const bool read = key.Read(name, data.data(), size) && size <= data.size();
     data.resize(read ? size : 0);
     return read;
 }

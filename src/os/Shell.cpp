@@ -7,14 +7,15 @@ namespace vantor
 bool GetSpecialFolderLocation(HWND owner, int folder, ustring& path) noexcept
 try
 {
+    const platform::CShell shell;
     ITEMIDLIST* list = nullptr;
-    if (FAILED(platform::SpecialFolderLocation(owner, folder, &list)))
+    if (FAILED(shell.GetSpecialFolderLocation(owner, folder, &list)))
         return false;
 
     wchar_t found[MAX_PATH] = {};
-    const bool isPath = platform::PathFromIDList(list, found) != FALSE;
+    const bool isPath = shell.GetPathFromIDList(list, found) != FALSE;
     IMalloc* allocator = nullptr;
-    if (SUCCEEDED(platform::ShellAllocator(&allocator)))
+    if (SUCCEEDED(shell.GetAllocator(&allocator)))
     {
         allocator->Free(list);
         allocator->Release();

@@ -23,6 +23,7 @@ using ProcedureName = const char*;
 class CDeviceModule
 {
 public:
+    CDeviceModule() = default;
     explicit CDeviceModule(const wchar_t* name) : m_module(::LoadLibraryW(name)) {}
     CDeviceModule(const CDeviceModule&) = delete;
     CDeviceModule& operator=(const CDeviceModule&) = delete;
@@ -44,7 +45,7 @@ public:
     }
 
 private:
-    HMODULE m_module;
+    HMODULE m_module = nullptr;
 };
 }   // namespace vantor::platform
 

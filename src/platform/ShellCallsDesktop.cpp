@@ -48,17 +48,19 @@ bool SaveLink(const wchar_t* file, const wchar_t* target)
 }
 }   // namespace
 
-HRESULT SpecialFolderLocation(HWND owner, int folder, ITEMIDLIST** list)
+CShell::CShell() = default;
+
+HRESULT CShell::GetSpecialFolderLocation(HWND owner, int folder, ITEMIDLIST** list) const
 {
     return ::SHGetSpecialFolderLocation(owner, folder, list);
 }
 
-BOOL PathFromIDList(const ITEMIDLIST* list, wchar_t* path)
+BOOL CShell::GetPathFromIDList(const ITEMIDLIST* list, wchar_t* path) const
 {
     return ::SHGetPathFromIDListW(list, path);
 }
 
-HRESULT ShellAllocator(IMalloc** allocator)
+HRESULT CShell::GetAllocator(IMalloc** allocator) const
 {
     return ::SHGetMalloc(allocator);
 }

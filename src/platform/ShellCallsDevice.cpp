@@ -1,6 +1,5 @@
 // The shell's services on the device. Also built by the tests, against a shell of their own.
 
-#include "DeviceModule.h"
 #include "ShellCalls.h"
 
 namespace vantor::platform
@@ -16,31 +15,30 @@ constexpr auto SpecialFolderLocationName = VANTOR_PROCEDURE("SHGetSpecialFolderL
 using PathFromIDListCall = BOOL(const ITEMIDLIST* list, wchar_t* path);
 constexpr auto PathFromIDListName = VANTOR_PROCEDURE("SHGetPathFromIDList");
 
-using ShellAllocatorCall = HRESULT(IMalloc** allocator);
-constexpr auto ShellAllocatorName = VANTOR_PROCEDURE("SHGetMalloc");
+using AllocatorCall = HRESULT(IMalloc** allocator);
+constexpr auto AllocatorName = VANTOR_PROCEDURE("SHGetMalloc");
 
 using CreateShortcutCall = DWORD(wchar_t* shortcut, wchar_t* target);
 constexpr auto CreateShortcutName = VANTOR_PROCEDURE("SHCreateShortcut");
 }   // namespace
 
-HRESULT SpecialFolderLocation(HWND owner, int folder, ITEMIDLIST** list)
+CShell::CShell() : m_module(ShellName) {}
+
+HRESULT CShell::GetSpecialFolderLocation(HWND owner, int folder, ITEMIDLIST** list) const
 {
-    const CDeviceModule shell(ShellName);
-    const auto call = shell.Find<SpecialFolderLocationCall>(SpecialFolderLocationName);
+    const auto call = m_module.Find<SpecialFolderLocationCall>(SpecialFolderLocationName);
     return call ? call(owner, folder, list) : E_NOTIMPL;
 }
 
-BOOL PathFromIDList(const ITEMIDLIST* list, wchar_t* path)
+BOOL CShell::GetPathFromIDList(const ITEMIDLIST* list, wchar_t* path) const
 {
-    const CDeviceModule shell(ShellName);
-    const auto call = shell.Find<PathFromIDListCall>(PathFromIDListName);
+    const auto call = m_module.Find<PathFromIDListCall>(PathFromIDListName);
     return call ? call(list, path) : FALSE;
 }
 
-HRESULT ShellAllocator(IMalloc** allocator)
+HRESULT CShell::GetAllocator(IMalloc** allocator) const
 {
-    const CDeviceModule shell(ShellName);
-    const auto call = shell.Find<ShellAllocatorCall>(ShellAllocatorName);
+    const auto call = m_module.Find<AllocatorCall>(AllocatorName);
     return call ? call(allocator) : E_NOTIMPL;
 }
 
