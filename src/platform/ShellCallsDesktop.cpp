@@ -69,6 +69,9 @@ BOOL CreateShellShortcut(wchar_t* shortcut, wchar_t* target)
 {
     wchar_t file[MAX_PATH];   // whole: a link object does not know the current folder
     const DWORD length = ::GetFullPathNameW(shortcut, MAX_PATH, file, nullptr);
-    return length != 0 && length < MAX_PATH && Unquote(target) && *target != 0 && SaveLink(file, target);
+    if (length == 0 || length >= MAX_PATH || !Unquote(target))
+        return FALSE;
+    // A longer target than a link object has room for is not always refused by it.
+    return *target != 0 && std::wcslen(target) < MAX_PATH && SaveLink(file, target);
 }
 }   // namespace vantor::platform
