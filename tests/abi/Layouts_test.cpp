@@ -251,6 +251,40 @@ TEST(TranslatorModes, AreNumberedFromZero)
     EXPECT_EQ(1, CTranslator::eTranslate);
 }
 
+TEST(LibraryLayout, HasTheModuleBehindTheVirtualTable)
+{
+    const CLibrary library(L"kernel32.dll");
+    EXPECT_EQ(2 * Pointer, sizeof library);
+    EXPECT_EQ(::GetModuleHandleW(L"kernel32.dll"), At<HMODULE>(&library, Pointer));
+}
+
+TEST(ComInitializerLayout, HasTheFlagBehindTheVirtualTable)
+{
+    const CCOMInitializer com(true);
+    EXPECT_EQ(2 * Pointer, sizeof com);
+    EXPECT_TRUE(At<bool>(&com, Pointer));
+}
+
+TEST(ContextHelpLayout, HasTheMapBehindTheVirtualTable)
+{
+    const CContextHelp help;
+    EXPECT_EQ(Pointer + sizeof(CLanguageFile), sizeof help);
+    EXPECT_EQ(Bytes(&help) + Pointer, Bytes(&help.m_langFile));
+}
+
+template <class T>
+class ScopeClass : public ::testing::Test
+{
+};
+using ScopeClasses = ::testing::Types<CCOMInitializer, CLibrary>;
+TYPED_TEST_SUITE(ScopeClass, ScopeClasses);
+
+TYPED_TEST(ScopeClass, CannotBeCopied)
+{
+    EXPECT_FALSE(std::is_copy_constructible_v<TypeParam>);
+    EXPECT_FALSE(std::is_copy_assignable_v<TypeParam>);
+}
+
 template <class T>
 class OwningClass : public ::testing::Test
 {
