@@ -18,9 +18,9 @@ namespace vantor
 // Converts v in place to the type vt, by the rules of the language lcid; true becomes the number 1. With a base (2 to
 // 36; 0 for none) between strings and integers of 8 to 32 bits:
 // - To an integer: the whole string must be a number; with base 16 an "h" may follow. The empty string is 0. It is read
-//   into 32 bits, where a too large one ends at the limit, and handed on as a VT_I4: what does not fit the target then
-//   fails, and so does an unsigned number above 0x7FFFFFFF. After a failure v is the number that was read, in the
-//   target's type if it fits there, else as a VT_I4.
+//   into 32 bits, where a too large one ends at the limit, and handed on as a VT_I4: the platform decides what fits the
+//   target, and an unsigned number above 0x7FFFFFFF reaches it as a negative one. After a failure v is the number that
+//   was read, in the target's type if it fits there, else as a VT_I4.
 // - From an integer: the digits, in upper case, without prefix or suffix. A negative number with a base other than 10
 //   is written as 32 bits.
 // False if the conversion failed; v is then what it was, except as said above, and that true is stored as 1.
