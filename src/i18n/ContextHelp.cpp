@@ -1,5 +1,6 @@
+#include "ProgramFile.h"
+
 #include <vantor/ContextHelp.h>
-#include <vantor/File.h>
 
 namespace vantor
 {
@@ -27,17 +28,7 @@ CContextHelp& CContextHelpInstance::Ref()
     if (!m_bIsInitilized)
     {
         m_bIsInitilized = true;
-        try
-        {
-            ustring executable, drive, dir, fname, ext, path;
-            CFile::GetModuleFileNameW(nullptr, executable, true);
-            CFile::SplitPath(executable.c_str(), drive, dir, fname, ext);
-            CFile::MakePath(path, drive.c_str(), dir.c_str(), L"Help//ContextHelpMap.lng", nullptr);
-            CPhoenixSingleton<CContextHelp>::Ref().m_langFile.LoadLanguageFile(path.c_str());
-        }
-        catch (...)   // no class has a help page then
-        {
-        }
+        LoadProgramFile(CPhoenixSingleton<CContextHelp>::Ref().m_langFile, L"Help//ContextHelpMap.lng", nullptr);
     }
     return CPhoenixSingleton<CContextHelp>::Ref();
 }

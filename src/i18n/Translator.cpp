@@ -1,6 +1,6 @@
 #include "../platform/Calls.h"
+#include "ProgramFile.h"
 
-#include <vantor/File.h>
 #include <vantor/Translator.h>
 
 #include <commctrl.h>
@@ -207,17 +207,7 @@ CTranslator& CTranslatorInstance::Ref()
     if (!m_bIsInitilized)
     {
         m_bIsInitilized = true;
-        try
-        {
-            ustring executable, drive, dir, fname, ext, path;
-            CFile::GetModuleFileNameW(nullptr, executable, true);
-            CFile::SplitPath(executable.c_str(), drive, dir, fname, ext);
-            CFile::MakePath(path, drive.c_str(), dir.c_str(), fname.c_str(), L".lng");
-            CPhoenixSingleton<CTranslator>::Ref().m_langFile.LoadLanguageFile(path.c_str());
-        }
-        catch (...)   // texts then stay as they are
-        {
-        }
+        LoadProgramFile(CPhoenixSingleton<CTranslator>::Ref().m_langFile, nullptr, L".lng");
     }
     return CPhoenixSingleton<CTranslator>::Ref();
 }
