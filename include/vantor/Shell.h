@@ -19,8 +19,9 @@ namespace vantor
 VANTOR_API bool GetSpecialFolderLocation(HWND owner, int folder, ustring& path) noexcept;
 
 // Writes the shortcut file over what was there; the name comes with its ".lnk". A target with a blank is handed to the
-// shell in quotation marks, so it is a path alone, without arguments. Whether the target exists is not asked. The third
-// argument is not used.
+// shell in quotation marks, so it is a path alone, without arguments. Whether it exists is not asked. The third
+// argument is not used. The desktop answers false to an empty target, one with a quotation mark in it, and one of
+// MAX_PATH characters or more.
 VANTOR_API bool CreateShortcut(const wchar_t* shortcut, const wchar_t* target, const wchar_t* reserved) noexcept;
 }   // namespace vantor
 

@@ -91,7 +91,7 @@ matrix Filled(unsigned int rows, unsigned int cols, Element element)
 }
 
 // Of a square matrix, which it uses up.
-double DeterminantOf(const matrix t)
+double DeterminantOf(matrix t)   // NOLINT(performance-unnecessary-value-param): elements of a constant one are writable
 {
     const unsigned int n = t.rows();
     double result = 1.0;

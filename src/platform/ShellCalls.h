@@ -25,7 +25,7 @@ public:
     HRESULT GetAllocator(IMalloc** allocator) const;
 
 private:
-    const CDeviceModule m_module;   // none on the desktop
+    CDeviceModule m_module;   // none on the desktop
 };
 
 // SHCreateShortcut: a target with blanks comes in quotation marks.

@@ -82,7 +82,7 @@ int DrawSmallIcon(HDC hdc, HINSTANCE module, unsigned int id, int height)
 {
     const int cx = std::min(height, ::GetSystemMetrics(SM_CXSMICON));
     const int cy = std::min(height, ::GetSystemMetrics(SM_CYSMICON));
-    const HICON icon = static_cast<HICON>(::LoadImageW(module, MAKEINTRESOURCEW(id), IMAGE_ICON, cx, cy, 0));
+    const auto icon = static_cast<HICON>(::LoadImageW(module, MAKEINTRESOURCEW(id), IMAGE_ICON, cx, cy, 0));
     if (!icon)
         return 0;
     ::DrawIconEx(hdc, (height - cx) / 2, (height - cy) / 2, icon, cx, cy, 0, nullptr, DI_NORMAL);
@@ -235,7 +235,8 @@ LRESULT CALLBACK CCaptionCtrl::WndProc(HWND hWnd, UINT msg, WPARAM wParam, LPARA
     switch (msg)
     {
     case WM_CREATE:
-        bar->OnCreate(hWnd, *cs);
+        if (cs)   // not of a stranger's message
+            bar->OnCreate(hWnd, *cs);
         break;
     case WM_DESTROY:
         bar->OnDestroy(hWnd);
