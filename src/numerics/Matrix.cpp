@@ -364,7 +364,10 @@ double norm(const matrix& a)
     for (unsigned int i = 1; i <= a.rows(); ++i)
     {
         for (unsigned int j = 1; j <= a.cols(); ++j)
-            sum += std::pow(a(i, j), 2.0);
+        {
+            const double element = a(i, j);
+            sum += element * element;   // pow(element, 2.0) as it should be: not every runtime library's is exact
+        }
     }
     return std::sqrt(sum);
 }

@@ -166,7 +166,7 @@ double Norm(int rows, int cols, const CTable& a)
     for (int i = 1; i <= rows; i++)
     {
         for (int j = 1; j <= cols; j++)
-            sum = sum + std::pow(a.at[i][j], 2.0);
+            sum = sum + a.at[i][j] * a.at[i][j];   // the runtime library's pow(x, 2.0) may miss the last bit
     }
     return std::sqrt(sum);
 }
