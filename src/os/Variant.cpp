@@ -2,7 +2,7 @@
 
 #include <vantor/Variant.h>
 
-#include <cstring>
+#include <cwchar>
 
 namespace vantor
 {
